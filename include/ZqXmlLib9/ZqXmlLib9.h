@@ -1,0 +1,42 @@
+/// \file ZqXmlLib9.h
+/// Every public header of the library.
+#pragma once
+
+#include <ZqXmlLib9/Export.h>
+#include <ZqXmlLib9/Version.h>
+#include <ZqXmlLib9/collections/XmlCollectionBase.h>
+#include <ZqXmlLib9/engine/Enums.h>
+#include <ZqXmlLib9/engine/EventSink.h>
+#include <ZqXmlLib9/engine/Exceptions.h>
+#include <ZqXmlLib9/engine/FormatString.h>
+#include <ZqXmlLib9/engine/GeneratorVersion.h>
+#include <ZqXmlLib9/engine/InstanceMonitor.h>
+#include <ZqXmlLib9/engine/NamespaceAliasMap.h>
+#include <ZqXmlLib9/engine/Nillable.h>
+#include <ZqXmlLib9/engine/SmartPtr.h>
+#include <ZqXmlLib9/engine/Text.h>
+#include <ZqXmlLib9/engine/XmlGeneratedClass.h>
+#include <ZqXmlLib9/engine/XmlObjectBase.h>
+#include <ZqXmlLib9/engine/XmlSerializationContext.h>
+#include <ZqXmlLib9/engine/ZqVariant.h>
+#include <ZqXmlLib9/metadata/AttributeInfo.h>
+#include <ZqXmlLib9/metadata/ElementInfo.h>
+#include <ZqXmlLib9/metadata/ElementInfoSeq.h>
+#include <ZqXmlLib9/metadata/MetadataEnums.h>
+#include <ZqXmlLib9/metadata/ParentElementInfo.h>
+#include <ZqXmlLib9/metadata/RestrictionCheck.h>
+#include <ZqXmlLib9/platform/CriticalSection.h>
+#include <ZqXmlLib9/platform/MessageBox.h>
+#include <ZqXmlLib9/types/Base64.h>
+#include <ZqXmlLib9/types/BinaryData.h>
+#include <ZqXmlLib9/types/ItemType.h>
+#include <ZqXmlLib9/types/OctetSpan.h>
+#include <ZqXmlLib9/types/PrimitiveRestrictions.h>
+#include <ZqXmlLib9/types/WhitespaceUtils.h>
+#include <ZqXmlLib9/xml/StringBuffer.h>
+#include <ZqXmlLib9/xml/TextStream.h>
+#include <ZqXmlLib9/xml/XmlAttribute.h>
+#include <ZqXmlLib9/xml/XmlDocument.h>
+#include <ZqXmlLib9/xml/XmlElement.h>
+#include <ZqXmlLib9/xml/XmlTextWriter.h>
+#include <ZqXmlLib9/xml/XmlWriter.h>

@@ -1,0 +1,137 @@
+/// \file XmlSerializationContext.h
+/// All settings of an operation that writes or reads.
+#pragma once
+
+#include <ZqXmlLib9/Export.h>
+#include <ZqXmlLib9/engine/Enums.h>
+#include <ZqXmlLib9/engine/NamespaceAliasMap.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace ZqXmlLib9 {
+
+/// The settings that a caller passes to every entry point; it must outlive the operation.
+///
+/// A plain value. Any number of threads may work with one context at once as long as none changes
+/// it. `GetDefaultContext()` is the default argument of every entry point; changing it changes the
+/// default for the whole process.
+class ZQXMLLIB9_API CXmlSerializationContext {
+public:
+    CXmlSerializationContext();
+    CXmlSerializationContext(const CXmlSerializationContext&);
+    CXmlSerializationContext& operator=(const CXmlSerializationContext&);
+    virtual ~CXmlSerializationContext();
+
+    static CXmlSerializationContext& GetDefaultContext() noexcept { return m_defaultContext; }
+
+    /// \name Output
+    /// @{
+
+    /// The namespace that the root declares as the default; empty: none.
+    const std::u16string& GetDefaultNamespaceURI() const { return m_defaultNamespaceUri; }
+    void SetDefaultNamespaceURI(const char16_t* uri);
+
+    /// Whether `xsi:type` is written where a derived class stands in for its base. Default true.
+    bool GetWriteTypeAttribute() const { return m_writeTypeAttribute; }
+    void SetWriteTypeAttribute(bool write) { m_writeTypeAttribute = write; }
+
+    /// The aliases that the root declares.
+    const CNamespaceAliasMap& GetNamespaceAliases() const { return m_namespaceAliases; }
+    CNamespaceAliasMap& GetNamespaceAliases() { return m_namespaceAliases; }
+
+    /// Complete with their own markup, written as they are in front of the root.
+    const std::vector<std::u16string>& GetProcessingInstructions() const
+    {
+        return m_processingInstructions;
+    }
+    std::vector<std::u16string>& GetProcessingInstructions() { return m_processingInstructions; }
+
+    /// Text that is written as it is behind the attributes of the root, within its start tag.
+    const std::u16string& GetInLineSchema() const { return m_inLineSchema; }
+    void SetInLineSchema(const char16_t* schema);
+
+    /// Whether an optional attribute that equals its default is left out. Default false.
+    bool GetNoOptionalAttributeDefaultOutput() const { return m_noOptionalAttributeDefaultOutput; }
+    void SetNoOptionalAttributeDefaultOutput(bool leaveOut)
+    {
+        m_noOptionalAttributeDefaultOutput = leaveOut;
+    }
+
+    /// @}
+    /// \name Strictness, all false by default
+    /// @{
+
+    /// Collections may hold any number of items, on output and input.
+    bool GetIgnoreInvalidCollectionCounts() const { return m_ignoreInvalidCollectionCounts; }
+    void SetIgnoreInvalidCollectionCounts(bool ignore) { m_ignoreInvalidCollectionCounts = ignore; }
+
+    /// A choice may be empty, on output and input.
+    bool GetIgnoreMissingChoice() const { return m_ignoreMissingChoice; }
+    void SetIgnoreMissingChoice(bool ignore) { m_ignoreMissingChoice = ignore; }
+
+    /// Mandatory elements of a sequence may be absent.
+    bool GetIgnoreMissingMandatoryElements() const { return m_ignoreMissingMandatoryElements; }
+    /// \throws CZqInvalidStateException  when set to true while unknown elements are ignored; the
+    ///         setting then stays
+    void SetIgnoreMissingMandatoryElements(bool ignore);
+
+    /// Elements that the content model doesn't know are skipped.
+    bool GetIgnoreUnknownElements() const { return m_ignoreUnknownElements; }
+    /// \throws CZqInvalidStateException  when set to true while missing mandatory elements are
+    ///         ignored; the setting then stays
+    void SetIgnoreUnknownElements(bool ignore);
+
+    /// Attributes that the class doesn't know are dropped.
+    bool GetIgnoreUnknownAttributes() const { return m_ignoreUnknownAttributes; }
+    void SetIgnoreUnknownAttributes(bool ignore) { m_ignoreUnknownAttributes = ignore; }
+
+    /// Names are compared without their namespaces; also true for a schema without namespaces.
+    bool GetIgnoreNamespaces() const
+    {
+        return m_ignoreNamespaces || m_schemaType == SchemaType_NoNamespaces;
+    }
+    void SetIgnoreNamespaces(bool ignore) { m_ignoreNamespaces = ignore; }
+
+    /// @}
+    /// \name Parsing
+    /// @{
+
+    SchemaType GetSchemaType() const { return m_schemaType; }
+    void SetSchemaType(SchemaType type) { m_schemaType = type; }
+
+    /// Whether CDATA sections come without their markers. Default true. With false the markers
+    /// stay in the text, and a text that begins with one is written as it stands.
+    bool GetStripCDATA() const { return m_stripCData; }
+    void SetStripCDATA(bool strip) { m_stripCData = strip; }
+
+    /// How many elements may be open at once, read or written; the root is the first. Default
+    /// 1024: it bounds the stack that a document can make a program use, and no document of a
+    /// sensible schema comes near it.
+    int GetMaxDepth() const { return m_maxDepth; }
+    void SetMaxDepth(int levels) { m_maxDepth = levels; }
+
+    /// @}
+
+private:
+    static CXmlSerializationContext m_defaultContext;
+
+    std::u16string m_defaultNamespaceUri;
+    CNamespaceAliasMap m_namespaceAliases;
+    std::vector<std::u16string> m_processingInstructions;
+    std::u16string m_inLineSchema;
+    SchemaType m_schemaType = SchemaType_Default;
+    std::int32_t m_maxDepth = 1024;
+    bool m_writeTypeAttribute = true;
+    bool m_ignoreInvalidCollectionCounts = false;
+    bool m_ignoreMissingChoice = false;
+    bool m_ignoreMissingMandatoryElements = false;
+    bool m_ignoreUnknownElements = false;
+    bool m_ignoreUnknownAttributes = false;
+    bool m_ignoreNamespaces = false;
+    bool m_noOptionalAttributeDefaultOutput = false;
+    bool m_stripCData = true;
+};
+
+}  // namespace ZqXmlLib9

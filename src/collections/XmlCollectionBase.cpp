@@ -1,0 +1,107 @@
+#include <ZqXmlLib9/collections/XmlCollectionBase.h>
+#include <ZqXmlLib9/engine/Exceptions.h>
+#include <ZqXmlLib9/engine/FormatString.h>
+#include <ZqXmlLib9/engine/Text.h>
+
+#include <algorithm>
+
+namespace ZqXmlLib9 {
+
+CXmlCollectionBase::CXmlCollectionBase() = default;
+
+CXmlCollectionBase::CXmlCollectionBase(const char16_t* elementName, const char16_t* targetNamespace,
+                                       int minOccurs, int maxOccurs)
+    : m_targetNamespace(TextOrEmpty(targetNamespace)), m_minOccurs(minOccurs),
+      m_maxOccurs(maxOccurs)
+{
+    SetElementName(elementName);
+}
+
+CXmlCollectionBase::~CXmlCollectionBase() = default;
+
+CXmlObjectBase* CXmlCollectionBase::GetBase()
+{
+    return this;
+}
+
+std::u16string CXmlCollectionBase::GetTargetNamespace() const
+{
+    throw CZqException(u"CXmlCollectionBase::GetTargetNamespace Should not be used from within a "
+                       u"Collection (program logic error)");
+}
+
+std::u16string CXmlCollectionBase::GetNamespace() const
+{
+    return m_targetNamespace;
+}
+
+void CXmlCollectionBase::ValidateCount(const CXmlSerializationContext& context) const
+{
+    if (context.GetIgnoreInvalidCollectionCounts())
+        return;
+    if (m_maxOccurs != -1 && GetCount() > m_maxOccurs)
+        throw CZqValidationException(
+            FormatString(u"The Maximum number of [%s] elements allowed in this collection is %d",
+                         GetElementName(), m_maxOccurs));
+    if (GetCount() < m_minOccurs)
+        throw CZqValidationException(
+            FormatString(u"The Minimum number of [%s] elements allowed in this collection is %d",
+                         GetElementName(), m_minOccurs));
+}
+
+bool CXmlCollectionBase::IsValidCount(const CXmlSerializationContext& context) const
+{
+    if (context.GetIgnoreInvalidCollectionCounts())
+        return true;
+    return (m_maxOccurs == -1 || GetCount() <= m_maxOccurs) && GetCount() >= m_minOccurs;
+}
+
+void CXmlCollectionBase::AddEventListener(IEventSink* listener)
+{
+    m_listeners.push_back(listener);
+}
+
+void CXmlCollectionBase::RemoveEventListener(IEventSink* listener)
+{
+    std::erase(m_listeners, listener);
+}
+
+template <typename TFire>
+void CXmlCollectionBase::FireAll(TFire&& fire)
+{
+    if (m_listeners.empty())
+        return;
+    // Listeners may come and go in the middle of the event.
+    const std::vector<IEventSink*> present = m_listeners;
+    for (IEventSink* const listener : present)
+        if (std::ranges::find(m_listeners, listener) != m_listeners.end())
+            fire(listener);
+}
+
+void CXmlCollectionBase::FireOnCollectionChange()
+{
+    FireAll([&](IEventSink* listener) { FireOnCollectionChangeEvent(listener, this); });
+}
+
+void CXmlCollectionBase::FireOnCollectionAdd(void* item)
+{
+    FireAll([&](IEventSink* listener) { FireOnCollectionAddEvent(listener, this, item); });
+}
+
+void CXmlCollectionBase::FireOnCollectionAddComplete(void* item)
+{
+    FireAll([&](IEventSink* listener) { FireOnCollectionAddCompleteEvent(listener, this, item); });
+}
+
+void CXmlCollectionBase::FireOnCollectionRemove(int index)
+{
+    FireAll([&](IEventSink* listener) { FireOnCollectionRemoveEvent(listener, this, index); });
+}
+
+void CXmlCollectionBase::FireOnCollectionRemoveComplete(int index)
+{
+    FireAll(
+        [&](IEventSink* listener) { FireOnCollectionRemoveCompleteEvent(listener, this, index); });
+}
+
+}  // namespace ZqXmlLib9

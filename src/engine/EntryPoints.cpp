@@ -1,0 +1,127 @@
+// The bodies of the To... and From... operations of CXmlObjectBase: they build a writer or a
+// document, and hand over to ToXml_Int or FromXml_Int.
+
+#include "VersionGate.h"
+
+#include <ZqXmlLib9/engine/Exceptions.h>
+#include <ZqXmlLib9/engine/FormatString.h>
+#include <ZqXmlLib9/engine/Text.h>
+#include <ZqXmlLib9/engine/XmlObjectBase.h>
+#include <ZqXmlLib9/xml/TextStream.h>
+#include <ZqXmlLib9/xml/XmlDocument.h>
+#include <ZqXmlLib9/xml/XmlElement.h>
+#include <ZqXmlLib9/xml/XmlTextWriter.h>
+
+namespace ZqXmlLib9 {
+namespace {
+
+[[noreturn]] void ThrowNotInThisVersion(const char16_t* operation)
+{
+    throw CZqException(
+        FormatString(u"%s is not available in this version of the library", operation));
+}
+
+}  // namespace
+
+void CXmlObjectBase::ToXmlFile(const char16_t*, bool, bool, XmlEncoding, EOLType,
+                               const CXmlSerializationContext&, CompressionType) const
+{
+    ThrowNotInThisVersion(u"ToXmlFile");
+}
+
+void CXmlObjectBase::ToFastInfosetFile(const char16_t*, FInfoDecl, const CXmlSerializationContext&,
+                                       CompressionType) const
+{
+    ThrowNotInThisVersion(u"ToFastInfosetFile");
+}
+
+std::u16string CXmlObjectBase::ToXml(bool writeHeader, bool format, EOLType eol,
+                                     const CXmlSerializationContext& context) const
+{
+    PassVersionGate();
+    CTextStream stream(XmlEncoding_None);
+    CXmlTextWriter writer(&stream);
+    writer.SetMaxDepth(context.GetMaxDepth());
+    writer.Open();
+    writer.SetFormat(format);
+    writer.SetEOLType(eol);
+    if (writeHeader)
+        writer.WriteXmlDeclaration();
+    ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
+    writer.Close();
+    const std::size_t length = stream.GetPendingLength();
+    return std::u16string(stream.GetText(), length);
+}
+
+CBinaryData CXmlObjectBase::ToXmlStream(bool, bool, XmlEncoding, EOLType,
+                                        const CXmlSerializationContext&, CompressionType) const
+{
+    ThrowNotInThisVersion(u"ToXmlStream");
+}
+
+CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl, const CXmlSerializationContext&,
+                                                CompressionType) const
+{
+    ThrowNotInThisVersion(u"ToFastInfosetStream");
+}
+
+template <typename TLoad>
+void CXmlObjectBase::ReadDocument(const CXmlSerializationContext& context, TLoad&& load)
+{
+    PassVersionGate();
+    CXmlDocument document(context);
+    load(document);
+    CXmlElement* const root = document.GetDocumentElement();
+    FromXml_Int(root, root->GetFirstElement(), context, false);
+}
+
+void CXmlObjectBase::FromXmlFile(const char16_t* fileName, const CXmlSerializationContext& context)
+{
+    ReadDocument(context, [&](CXmlDocument& document) { document.Load(fileName); });
+}
+
+void CXmlObjectBase::FromXml(const char16_t* text, const CXmlSerializationContext& context)
+{
+    ReadDocument(context, [&](CXmlDocument& document) { document.LoadXml(text); });
+}
+
+void CXmlObjectBase::FromXml(const char* text, const CXmlSerializationContext& context)
+{
+    ReadDocument(context, [&](CXmlDocument& document) { document.LoadXml(text); });
+}
+
+void CXmlObjectBase::FromXmlStream(const CBinaryData& data, const CXmlSerializationContext& context)
+{
+    // The octets are read, and a holder may share them.
+    CXmlObjectBase::FromXmlStream(const_cast<unsigned char*>(data.GetData()), data.GetLength(),
+                                  context);
+}
+
+void CXmlObjectBase::FromXmlStream(unsigned char* const data, std::uint32_t length,
+                                   const CXmlSerializationContext& context)
+{
+    ReadDocument(context, [&](CXmlDocument& document) { document.LoadXmlStream(data, length); });
+}
+
+void CXmlObjectBase::FromXmlStream(std::span<const std::byte> data,
+                                   const CXmlSerializationContext& context)
+{
+    const auto* const octets = reinterpret_cast<const unsigned char*>(data.data());
+    FromXmlStream(const_cast<unsigned char*>(octets), ToLength32(data.size()), context);
+}
+
+void CXmlObjectBase::FromXmlElement(const CElement*, const CXmlSerializationContext&)
+{
+    ThrowNotInThisVersion(u"FromXmlElement(const CElement*)");
+}
+
+void CXmlObjectBase::FromXmlElement(const CXmlElement* element,
+                                    const CXmlSerializationContext& context)
+{
+    PassVersionGate();
+    if (element == nullptr)
+        throw CZqInvalidParamException(u"The element to read from is null");
+    FromXml_Int(const_cast<CXmlElement*>(element), element->GetFirstElement(), context, false);
+}
+
+}  // namespace ZqXmlLib9

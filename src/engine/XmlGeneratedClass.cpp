@@ -1,0 +1,53 @@
+// What a generated class is made of; the walks stand in XmlGeneratedClassWrite.cpp and
+// XmlGeneratedClassRead.cpp.
+
+#include <ZqXmlLib9/engine/XmlGeneratedClass.h>
+
+#include <utility>
+
+namespace ZqXmlLib9 {
+namespace {
+
+/// Deletes the records of an array up to its null entry, and the array.
+template <typename TInfo>
+void DeleteInfos(TInfo**& infos)
+{
+    if (infos == nullptr)
+        return;
+    for (TInfo** info = infos; *info != nullptr; ++info)
+        delete std::exchange(*info, nullptr);
+    delete[] std::exchange(infos, nullptr);
+}
+
+}  // namespace
+
+CZQCriticalSection CXmlGeneratedClass::m_csInit;
+
+CXmlGeneratedClass::CXmlGeneratedClass() = default;
+CXmlGeneratedClass::CXmlGeneratedClass(const CXmlGeneratedClass&) = default;
+CXmlGeneratedClass& CXmlGeneratedClass::operator=(const CXmlGeneratedClass&) = default;
+CXmlGeneratedClass::~CXmlGeneratedClass() = default;
+
+void CXmlGeneratedClass::ReadProperty(int propertyIndex, ZqVariant& value) const
+{
+    const_cast<CXmlGeneratedClass*>(this)->AccessProperty(propertyIndex, true, value);
+}
+
+bool CXmlGeneratedClass::IsElementInList(const CXmlSerializationContext& context,
+                                         CXmlElement* element) const
+{
+    for (CElementInfo** info = GetClassElementInfo(); info != nullptr && *info != nullptr; ++info)
+        if ((*info)->IsThisElement(context, element))
+            return true;
+    return false;
+}
+
+void CXmlGeneratedClass::CleanMetaData(CParentElementInfo*& parent, CElementInfo**& elements,
+                                       CAttributeInfo**& attributes)
+{
+    delete std::exchange(parent, nullptr);
+    DeleteInfos(elements);
+    DeleteInfos(attributes);
+}
+
+}  // namespace ZqXmlLib9

@@ -1,0 +1,160 @@
+#include "TextEncodings.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+namespace ZqXmlLib9 {
+namespace {
+
+constexpr bool IsHighSurrogate(char32_t c)
+{
+    return c >= 0xD800 && c <= 0xDBFF;
+}
+
+constexpr bool IsLowSurrogate(char32_t c)
+{
+    return c >= 0xDC00 && c <= 0xDFFF;
+}
+
+constexpr bool IsAscii(char32_t c)
+{
+    return c < 0x80;
+}
+
+void AppendScalarAsUtf8(char32_t c, std::string& utf8)
+{
+    const auto tail = [&](unsigned shift) {
+        utf8.push_back(static_cast<char>(0x80 | ((c >> shift) & 0x3F)));
+    };
+    if (c < 0x80) {
+        utf8.push_back(static_cast<char>(c));
+    }
+    else if (c < 0x800) {
+        utf8.push_back(static_cast<char>(0xC0 | (c >> 6)));
+        tail(0);
+    }
+    else if (c < 0x10000) {
+        utf8.push_back(static_cast<char>(0xE0 | (c >> 12)));
+        tail(6);
+        tail(0);
+    }
+    else {
+        utf8.push_back(static_cast<char>(0xF0 | (c >> 18)));
+        tail(12);
+        tail(6);
+        tail(0);
+    }
+}
+
+void AppendScalarAsUtf16(char32_t c, std::u16string& utf16)
+{
+    if (c < 0x10000) {
+        utf16.push_back(static_cast<char16_t>(c));
+        return;
+    }
+    utf16.push_back(static_cast<char16_t>(0xD800 + ((c - 0x10000) >> 10)));
+    utf16.push_back(static_cast<char16_t>(0xDC00 + ((c - 0x10000) & 0x3FF)));
+}
+
+/// The well-formed sequences by their first octet (Unicode Standard, table 3-7): how long they
+/// are, and which second octets exclude overlong forms, surrogates and what is above U+10FFFF.
+struct SSequence {
+    std::uint8_t firstLow, firstHigh;
+    std::uint8_t length;
+    std::uint8_t secondLow, secondHigh;
+};
+
+constexpr std::array<SSequence, 8> kSequences{{
+    {0xC2, 0xDF, 2, 0x80, 0xBF},
+    {0xE0, 0xE0, 3, 0xA0, 0xBF},
+    {0xE1, 0xEC, 3, 0x80, 0xBF},
+    {0xED, 0xED, 3, 0x80, 0x9F},
+    {0xEE, 0xEF, 3, 0x80, 0xBF},
+    {0xF0, 0xF0, 4, 0x90, 0xBF},
+    {0xF1, 0xF3, 4, 0x80, 0xBF},
+    {0xF4, 0xF4, 4, 0x80, 0x8F},
+}};
+
+/// Reads the sequence of two to four octets at `index` and moves `index` behind it.
+/// \return false if it is malformed; `index` then stays
+bool ReadSequence(std::string_view text, std::size_t& index, char32_t& c)
+{
+    const auto octet = [&](std::size_t i) { return static_cast<std::uint8_t>(text[i]); };
+    const std::uint8_t first = octet(index);
+    const auto* const row = std::find_if(kSequences.begin(), kSequences.end(), [&](const auto& r) {
+        return first >= r.firstLow && first <= r.firstHigh;
+    });
+    if (row == kSequences.end() || text.size() - index < row->length)
+        return false;
+    if (octet(index + 1) < row->secondLow || octet(index + 1) > row->secondHigh)
+        return false;
+    c = first & (0x7Fu >> row->length);
+    for (std::size_t i = 1; i < row->length; ++i) {
+        if ((octet(index + i) & 0xC0) != 0x80)
+            return false;
+        c = (c << 6) | (octet(index + i) & 0x3Fu);
+    }
+    index += row->length;
+    return true;
+}
+
+}  // namespace
+
+std::size_t AppendAsUtf8(std::u16string_view text, std::string& utf8)
+{
+    utf8.reserve(utf8.size() + text.size());
+    for (std::size_t i = 0; i < text.size();) {
+        const auto run = static_cast<std::size_t>(
+            std::find_if_not(text.begin() + static_cast<std::ptrdiff_t>(i), text.end(), IsAscii)
+            - text.begin());
+        utf8.append(text.begin() + static_cast<std::ptrdiff_t>(i),
+                    text.begin() + static_cast<std::ptrdiff_t>(run));
+        if ((i = run) == text.size())
+            break;
+        char32_t c = text[i];
+        if (IsHighSurrogate(c) && i + 1 < text.size() && IsLowSurrogate(text[i + 1]))
+            c = 0x10000 + ((c - 0xD800) << 10) + (text[++i] - 0xDC00u);
+        else if (IsHighSurrogate(c) || IsLowSurrogate(c))
+            return i;
+        ++i;
+        AppendScalarAsUtf8(c, utf8);
+    }
+    return kWholeText;
+}
+
+std::size_t AppendAsUtf16(std::string_view text, std::u16string& utf16)
+{
+    utf16.reserve(utf16.size() + text.size());
+    for (std::size_t i = 0; i < text.size();) {
+        char32_t c = static_cast<std::uint8_t>(text[i]);
+        if (IsAscii(c))
+            ++i;
+        else if (!ReadSequence(text, i, c))
+            return i;
+        AppendScalarAsUtf16(c, utf16);
+    }
+    return kWholeText;
+}
+
+std::string ToPrintableUtf8(std::u16string_view text)
+{
+    std::string utf8;
+    for (std::size_t bad = 0; (bad = AppendAsUtf8(text, utf8)) != kWholeText;) {
+        AppendScalarAsUtf8(0xFFFD, utf8);
+        text.remove_prefix(bad + 1);
+    }
+    return utf8;
+}
+
+std::u16string ToPrintableUtf16(std::string_view text)
+{
+    std::u16string utf16;
+    for (std::size_t bad = 0; (bad = AppendAsUtf16(text, utf16)) != kWholeText;) {
+        utf16.push_back(u'\xFFFD');
+        text.remove_prefix(bad + 1);
+    }
+    return utf16;
+}
+
+}  // namespace ZqXmlLib9

@@ -1,0 +1,214 @@
+#include "ExpatReader.h"
+#include "XmlNames.h"
+
+#include <ZqXmlLib9/engine/Exceptions.h>
+#include <ZqXmlLib9/engine/FormatString.h>
+#include <ZqXmlLib9/engine/Text.h>
+#include <ZqXmlLib9/engine/XmlSerializationContext.h>
+#include <ZqXmlLib9/xml/XmlDocument.h>
+
+#include <algorithm>
+#include <expat.h>
+#include <new>
+#include <utility>
+
+namespace ZqXmlLib9 {
+namespace {
+
+static_assert(sizeof(XML_Char) == sizeof(char16_t));
+
+/// Between the URI and the local name of a resolved name; no URI that Expat accepts holds it.
+constexpr char16_t kSeparator = u'|';
+
+/// `XML_Parse` takes its length as an int; larger buffers are fed in pieces of this many octets.
+constexpr std::size_t kMaxPiece = std::size_t{1} << 30;
+
+/// The UTF-16 behind a pointer of Expat.
+const char16_t* Wide(const XML_Char* text)
+{
+    return reinterpret_cast<const char16_t*>(text);
+}
+
+struct SName {
+    std::u16string_view uri;
+    std::u16string_view localName;
+};
+
+SName SplitName(std::u16string_view name)
+{
+    const std::size_t bar = name.find(kSeparator);
+    if (bar == std::u16string_view::npos)
+        return {{}, name};
+    return {name.substr(0, bar), name.substr(bar + 1)};
+}
+
+}  // namespace
+
+/// The functions that Expat calls. None lets an exception out; after the first one they do
+/// nothing, since Expat may still call them until it stops.
+struct SExpatCallbacks {
+    template <typename TStep>
+    static void Guard(void* userData, TStep&& step) noexcept
+    {
+        auto* const reader = static_cast<CExpatReader*>(userData);
+        if (reader->m_failure)
+            return;
+        try {
+            step(*reader);
+        }
+        catch (...) {
+            reader->m_failure = std::current_exception();
+            XML_StopParser(reader->m_parser.get(), XML_FALSE);
+        }
+    }
+
+    static void XMLCALL StartElement(void* userData, const XML_Char* name,
+                                     const XML_Char** attributes)
+    {
+        Guard(userData, [&](CExpatReader& reader) {
+            reader.OnStartElement(Wide(name), reinterpret_cast<const char16_t* const*>(attributes));
+        });
+    }
+
+    static void XMLCALL EndElement(void* userData, const XML_Char*)
+    {
+        Guard(userData, [](CExpatReader& reader) { reader.OnEndElement(); });
+    }
+
+    static void XMLCALL CharacterData(void* userData, const XML_Char* text, int length)
+    {
+        Guard(userData, [&](CExpatReader& reader) {
+            reader.OnCharacterData({Wide(text), static_cast<std::size_t>(length)});
+        });
+    }
+
+    static void XMLCALL StartCData(void* userData)
+    {
+        Guard(userData, [](CExpatReader& reader) { reader.OnStartCData(); });
+    }
+
+    static void XMLCALL EndCData(void* userData)
+    {
+        Guard(userData, [](CExpatReader& reader) { reader.OnEndCData(); });
+    }
+
+    static void XMLCALL StartNamespace(void* userData, const XML_Char* prefix, const XML_Char* uri)
+    {
+        Guard(userData, [&](CExpatReader& reader) {
+            reader.OnStartNamespace(TextOrEmpty(Wide(prefix)), TextOrEmpty(Wide(uri)));
+        });
+    }
+
+    static void XMLCALL EndNamespace(void* userData, const XML_Char*)
+    {
+        Guard(userData, [](CExpatReader& reader) { reader.OnEndNamespace(); });
+    }
+};
+
+void CExpatReader::SFreeParser::operator()(XML_ParserStruct* parser) const noexcept
+{
+    XML_ParserFree(parser);
+}
+
+CExpatReader::CExpatReader(CXmlDocument* document)
+    : CInstanceMonitor(u"CExpatReader"), m_document(document)
+{}
+
+CExpatReader::~CExpatReader() = default;
+
+void CExpatReader::Initialise()
+{
+    const bool hasNamespaces = m_document->GetSchemaType() != SchemaType_NoNamespaces;
+    m_parser.reset(hasNamespaces ? XML_ParserCreateNS(nullptr, kSeparator)
+                                 : XML_ParserCreate(nullptr));
+    if (m_parser == nullptr)
+        throw std::bad_alloc();
+    XML_Parser const parser = m_parser.get();
+    XML_SetUserData(parser, this);
+    XML_SetElementHandler(parser, SExpatCallbacks::StartElement, SExpatCallbacks::EndElement);
+    XML_SetNamespaceDeclHandler(parser, SExpatCallbacks::StartNamespace,
+                                SExpatCallbacks::EndNamespace);
+    XML_SetCharacterDataHandler(parser, SExpatCallbacks::CharacterData);
+    if (!m_document->GetContext().GetStripCDATA())
+        XML_SetCdataSectionHandler(parser, SExpatCallbacks::StartCData, SExpatCallbacks::EndCData);
+}
+
+void CExpatReader::ParseBuffer(std::span<const std::byte> data, bool final)
+{
+    do {
+        const std::span<const std::byte> piece = data.first(std::min(data.size(), kMaxPiece));
+        data = data.subspan(piece.size());
+        const bool isLast = final && data.empty();
+        const XML_Status status =
+            XML_Parse(m_parser.get(), reinterpret_cast<const char*>(piece.data()),
+                      static_cast<int>(piece.size()), isLast);
+        if (m_failure) {
+            m_parser.reset();
+            std::rethrow_exception(std::exchange(m_failure, nullptr));
+        }
+        if (status != XML_STATUS_OK)
+            ThrowParserError();
+    } while (!data.empty());
+    if (final)
+        m_parser.reset();
+}
+
+void CExpatReader::ThrowParserError()
+{
+    throw CZqException(FormatString(u"%S at line %I64d",
+                                    XML_ErrorString(XML_GetErrorCode(m_parser.get())),
+                                    XML_GetCurrentLineNumber(m_parser.get())));
+}
+
+void CExpatReader::OnStartElement(std::u16string_view name, const char16_t* const* attributes)
+{
+    FlushText();
+    const SName elementName = SplitName(name);
+    CXmlElement* const element =
+        m_document->GetDocumentElement() == nullptr
+            ? m_document->AddDocElement(elementName.uri, elementName.localName)
+            : m_document->AddChildElement(elementName.uri, elementName.localName);
+    for (; *attributes != nullptr; attributes += 2) {
+        const SName attributeName = SplitName(attributes[0]);
+        CXmlDocument::AddElementAttribute(element, attributeName.localName, attributes[1],
+                                          attributeName.uri);
+    }
+}
+
+void CExpatReader::OnEndElement()
+{
+    FlushText();
+    m_document->EndElement();
+}
+
+void CExpatReader::OnCharacterData(std::u16string_view text)
+{
+    m_text.append(text);
+}
+
+void CExpatReader::OnStartCData()
+{
+    m_text.append(kCDataStart);
+}
+
+void CExpatReader::OnEndCData()
+{
+    m_text.append(kCDataEnd);
+}
+
+void CExpatReader::OnStartNamespace(std::u16string_view prefix, std::u16string_view uri)
+{
+    m_document->SetAlias(prefix, uri);
+}
+
+void CExpatReader::OnEndNamespace() {}
+
+void CExpatReader::FlushText()
+{
+    if (m_text.empty())
+        return;
+    CXmlDocument::AppendTextExcludingCR(m_document->GetOpenElement(), m_text);
+    m_text.clear();
+}
+
+}  // namespace ZqXmlLib9

@@ -1,0 +1,95 @@
+#include <ZqXmlLib9/engine/Exceptions.h>
+#include <ZqXmlLib9/engine/Text.h>
+#include <ZqXmlLib9/xml/StringBuffer.h>
+
+#include <algorithm>
+#include <limits>
+
+namespace ZqXmlLib9 {
+namespace {
+
+/// With its terminator a block takes 8192 octets.
+constexpr std::uint32_t kBlockSize = 4095;
+
+}  // namespace
+
+CStringBuffer::CStringBuffer() : CInstanceMonitor(u"CStringBuffer") {}
+CStringBuffer::~CStringBuffer() = default;
+
+void CStringBuffer::AddBlock()
+{
+    m_blocks.push_back({std::make_unique<char16_t[]>(kBlockSize + 1), kBlockSize});
+    m_position = 0;
+    m_capacity = kBlockSize;
+}
+
+void CStringBuffer::Append(char16_t unit)
+{
+    Append(std::u16string_view(&unit, 1));
+}
+
+void CStringBuffer::Append(const char16_t* text)
+{
+    Append(TextOrEmpty(text));
+}
+
+void CStringBuffer::Append(const std::u16string& text)
+{
+    Append(std::u16string_view(text));
+}
+
+void CStringBuffer::Append(std::u16string_view text)
+{
+    if (text.size() > std::numeric_limits<std::uint32_t>::max() - m_totalLength)
+        throw CZqOverFlowException(u"The text is longer than 4294967295 characters");
+    while (!text.empty()) {
+        if (m_position == m_capacity)
+            AddBlock();
+        const std::size_t count = std::min<std::size_t>(text.size(), m_capacity - m_position);
+        text.copy(m_blocks.back().units.get() + m_position, count);
+        text.remove_prefix(count);
+        m_position += static_cast<std::uint32_t>(count);
+        m_totalLength += static_cast<std::uint32_t>(count);
+    }
+}
+
+const char16_t* CStringBuffer::GetText()
+{
+    if (m_blocks.empty())
+        return u"";
+    if (m_blocks.size() > 1) {
+        auto whole = std::make_unique_for_overwrite<char16_t[]>(std::size_t{m_totalLength} + 1);
+        char16_t* end = whole.get();
+        for (const SBlock& block : m_blocks) {
+            const bool isLast = &block == &m_blocks.back();
+            end = std::copy_n(block.units.get(), isLast ? m_position : block.length, end);
+        }
+        *end = u'\0';
+        m_blocks.resize(1);
+        m_blocks[0] = {std::move(whole), m_totalLength};
+        m_position = m_totalLength;
+        m_capacity = m_totalLength;
+    }
+    return m_blocks[0].units.get();
+}
+
+void CStringBuffer::Clear()
+{
+    if (m_blocks.size() != 1) {
+        Reset();
+        return;
+    }
+    std::fill_n(m_blocks[0].units.get(), std::size_t{m_capacity} + 1, u'\0');
+    m_position = 0;
+    m_totalLength = 0;
+}
+
+void CStringBuffer::Reset()
+{
+    m_blocks.clear();
+    m_position = 0;
+    m_capacity = 0;
+    m_totalLength = 0;
+}
+
+}  // namespace ZqXmlLib9

@@ -1,0 +1,184 @@
+#include <ZqXmlLib9/engine/Exceptions.h>
+#include <ZqXmlLib9/engine/FormatString.h>
+#include <ZqXmlLib9/xml/XmlWriter.h>
+
+#include "XmlNames.h"
+
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+namespace ZqXmlLib9 {
+namespace {
+
+constexpr int kDefaultMaxDepth = 1024;
+
+[[noreturn]] void ThrowTooDeep(int levels)
+{
+    throw CZqException(FormatString(u"The document is nested deeper than %d levels", levels));
+}
+
+/// Sets the prefix of a URI; an empty prefix takes it back. The one of XML itself stays.
+void SetPrefix(CXmlWriter::NamespaceTable& table, std::u16string_view uri,
+               std::u16string_view prefix)
+{
+    if (uri == kXmlNamespace)
+        return;
+    const auto entry = table.find(uri);
+    if (!prefix.empty())
+        table.insert_or_assign(std::u16string(uri), std::u16string(prefix));
+    else if (entry != table.end())
+        table.erase(entry);
+}
+
+}  // namespace
+
+CXmlWriter::CXmlWriter(const char16_t* className)
+    : CInstanceMonitor(className), m_namespaces{{std::u16string(kXmlNamespace), u"xml"}},
+      m_maxDepth(kDefaultMaxDepth)
+{}
+
+CXmlWriter::~CXmlWriter() = default;
+
+void CXmlWriter::Open() {}
+
+void CXmlWriter::Close()
+{
+    if (m_context != nullptr)
+        throw CZqException(u"An Element has not been closed.");
+}
+
+void CXmlWriter::SetDefaultNamespace(std::u16string_view uri)
+{
+    if (m_context != nullptr)
+        m_context->SetDefaultNamespace(uri);
+    else
+        m_defaultNamespaceUri = uri;
+}
+
+void CXmlWriter::AddNamespaceAlias(std::u16string_view prefix, std::u16string_view uri)
+{
+    if (m_context != nullptr)
+        m_context->SetNamespace(uri, prefix);
+    else
+        SetPrefix(m_namespaces, uri, prefix);
+}
+
+std::unique_ptr<CXmlWriter::CXmlWriterContext>
+CXmlWriter::MakeContext(std::u16string_view name, std::u16string_view uri) const
+{
+    const std::int64_t depth = m_context != nullptr ? std::int64_t{m_context->GetDepth()} + 1 : 0;
+    if (depth >= m_maxDepth)
+        ThrowTooDeep(m_maxDepth);
+    if (m_context != nullptr)
+        return std::make_unique<CXmlWriterContext>(name, uri, *m_context);
+    return std::make_unique<CXmlWriterContext>(name, uri, m_namespaces, m_defaultNamespaceUri);
+}
+
+void CXmlWriter::PushContext(std::unique_ptr<CXmlWriterContext> context)
+{
+    context->SetParent(std::move(m_context));
+    m_context = std::move(context);
+}
+
+void CXmlWriter::PopContext()
+{
+    m_context = m_context->TakeParent();
+}
+
+CXmlWriter::CXmlWriterContext& CXmlWriter::RequireContext() const
+{
+    if (m_context == nullptr)
+        throw CZqInvalidStateException(u"There is no open element");
+    return *m_context;
+}
+
+CXmlWriter::CXmlWriterContext& CXmlWriter::RequireStartTag() const
+{
+    if (m_context == nullptr || !m_context->m_isStartTagOpen)
+        throw CZqException(u"Attributes must be added before elements");
+    return *m_context;
+}
+
+std::u16string CXmlWriter::MakePrefix(std::uint32_t number)
+{
+    std::size_t length = 2;
+    for (std::uint32_t count = 26 * 26; number >= count; count *= 26, ++length)
+        number -= count;
+    std::u16string prefix(length, u'A');
+    for (auto letter = prefix.rbegin(); number != 0; ++letter, number /= 26)
+        *letter = static_cast<char16_t>(u'A' + number % 26);
+    return prefix;
+}
+
+std::u16string CXmlWriter::CreateUniquePrefix(const NamespaceTable& table)
+{
+    std::unordered_set<std::u16string_view> taken;
+    for (const auto& [uri, prefix] : table)
+        taken.insert(prefix);
+    for (std::uint32_t number = 0;; ++number)
+        if (std::u16string prefix = MakePrefix(number); !taken.contains(prefix))
+            return prefix;
+}
+
+CXmlWriter::CGroupScope::CGroupScope(CXmlWriter& writer) : m_writer(writer)
+{
+    if (writer.m_groupDepth >= writer.m_maxDepth)
+        ThrowTooDeep(writer.m_maxDepth);
+    ++writer.m_groupDepth;
+}
+
+CXmlWriter::CGroupScope::~CGroupScope()
+{
+    --m_writer.m_groupDepth;
+}
+
+CXmlWriter::CXmlWriterContext::CXmlWriterContext(std::u16string_view name, std::u16string_view uri,
+                                                 const NamespaceTable& namespaces,
+                                                 std::u16string_view defaultNamespaceUri)
+    : CInstanceMonitor(u"CXmlWriterContext"), m_name(name), m_uri(uri),
+      m_ownScope(new SScope{namespaces, std::u16string(defaultNamespaceUri)}),
+      m_scope(m_ownScope.get())
+{}
+
+CXmlWriter::CXmlWriterContext::CXmlWriterContext(std::u16string_view name, std::u16string_view uri,
+                                                 const CXmlWriterContext& parent)
+    : CInstanceMonitor(u"CXmlWriterContext"), m_name(name), m_uri(uri), m_depth(parent.m_depth + 1),
+      m_scope(parent.m_scope)
+{}
+
+CXmlWriter::CXmlWriterContext::~CXmlWriterContext()
+{
+    // One by one: the chain may be longer than the stack.
+    while (m_parent != nullptr)
+        m_parent = m_parent->TakeParent();
+}
+
+std::u16string_view CXmlWriter::CXmlWriterContext::GetPrefix(std::u16string_view uri) const
+{
+    const auto entry = m_scope->namespaces.find(uri);
+    return entry != m_scope->namespaces.end() ? std::u16string_view(entry->second)
+                                              : std::u16string_view();
+}
+
+void CXmlWriter::CXmlWriterContext::SetNamespace(std::u16string_view uri,
+                                                 std::u16string_view prefix)
+{
+    SetPrefix(OwnScope().namespaces, uri, prefix);
+}
+
+void CXmlWriter::CXmlWriterContext::SetDefaultNamespace(std::u16string_view uri)
+{
+    OwnScope().defaultUri = uri;
+}
+
+CXmlWriter::CXmlWriterContext::SScope& CXmlWriter::CXmlWriterContext::OwnScope()
+{
+    if (m_ownScope == nullptr) {
+        m_ownScope = std::make_unique<SScope>(*m_scope);
+        m_scope = m_ownScope.get();
+    }
+    return *m_ownScope;
+}
+
+}  // namespace ZqXmlLib9

@@ -1,0 +1,84 @@
+// A class writes itself and reads itself back, by every road.
+
+#include "model/Letter.h"
+#include "support/Print.h"
+#include "support/TempFile.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace ZqXmlLib9 {
+namespace {
+
+using TestModel::CLetter;
+
+CSmartPtr<CLetter> MakeLetter()
+{
+    return new CLetter(u"Tove", u"Jani", u"Don't forget me this weekend!");
+}
+
+TEST(ToXml, WritesTheDocument)
+{
+    EXPECT_EQ(U8(MakeLetter()->ToXml()), "<?xml version=\"1.0\"?>\n"
+                                         "<AA:letter xmlns:AA=\"urn:letter\">\n"
+                                         "\t<AA:to>Tove</AA:to>\n"
+                                         "\t<AA:from>Jani</AA:from>\n"
+                                         "\t<AA:body>Don't forget me this weekend!</AA:body>\n"
+                                         "</AA:letter>\n");
+    EXPECT_EQ(U8(MakeLetter()->ToXml(false, false)),
+              "<AA:letter xmlns:AA=\"urn:letter\"><AA:to>Tove</AA:to><AA:from>Jani</AA:from>"
+              "<AA:body>Don't forget me this weekend!</AA:body></AA:letter>");
+}
+
+struct SRoad {
+    const char* name;
+    std::function<void(CLetter&, const std::u16string&)> read;
+};
+
+class EveryRoad : public testing::TestWithParam<SRoad> {};
+
+TEST_P(EveryRoad, ReadsWhatWasWritten)
+{
+    const CSmartPtr<CLetter> written = MakeLetter();
+    const CSmartPtr<CLetter> read = new CLetter(u"renamed");
+    GetParam().read(*read, written->ToXml());
+    EXPECT_EQ(*read, *written);
+    EXPECT_EQ(U8(read->GetElementName()), "letter");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    From, EveryRoad,
+    testing::Values(
+        SRoad{"WideText", [](CLetter& l, const std::u16string& x) { l.FromXml(x.c_str()); }},
+        SRoad{"NarrowText",
+              [](CLetter& l, const std::u16string& x) { l.FromXml(ToUtf8(x).c_str()); }},
+        SRoad{"Octets",
+              [](CLetter& l, const std::u16string& x) {
+                  std::string utf8 = ToUtf8(x);
+                  l.FromXmlStream(reinterpret_cast<unsigned char*>(utf8.data()), utf8.size());
+              }},
+        SRoad{"Span",
+              [](CLetter& l, const std::u16string& x) {
+                  const std::string utf8 = ToUtf8(x);
+                  l.FromXmlStream(std::as_bytes(std::span(utf8)));
+              }},
+        SRoad{"BinaryData",
+              [](CLetter& l, const std::u16string& x) {
+                  const CBinaryData utf16((u"\xFEFF" + x).c_str());
+                  l.FromXmlStream(utf16);
+              }},
+        SRoad{"File",
+              [](CLetter& l, const std::u16string& x) {
+                  l.FromXmlFile(CTempFile(ToUtf8(x)).GetName().c_str());
+              }},
+        SRoad{"Element",
+              [](CLetter& l, const std::u16string& x) {
+                  CXmlDocument document;
+                  document.LoadXml(x.c_str());
+                  l.FromXmlElement(static_cast<const CXmlElement*>(document.GetDocumentElement()));
+              }}),
+    kRowName);
+
+}  // namespace
+}  // namespace ZqXmlLib9
