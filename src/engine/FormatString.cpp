@@ -37,9 +37,9 @@ struct SConversion {
     char16_t kind = 0;
 };
 
-[[noreturn]] void Fail(std::u16string message)
+[[noreturn]] void Fail(const std::u16string& message)
 {
-    throw CZqInvalidParamException(std::u16string(u"Invalid format: ").append(message));
+    throw CZqInvalidParamException(u"Invalid format: " + message);
 }
 
 class CFormatter {

@@ -88,8 +88,9 @@ void CXmlObjectBase::DestroyOrQueue() const noexcept
     // Only the outermost destruction empties the queue, so that what waits gets the whole stack.
     while (destruction.depth == 0 && destruction.first != nullptr) {
         const CXmlObjectBase* const next = destruction.first;
-        destruction.first = reinterpret_cast<const CXmlObjectBase*>(
-            next->m_holders.load(std::memory_order_relaxed));
+        const std::intptr_t link = next->m_holders.load(std::memory_order_relaxed);
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): the count of an object that waits is a link
+        destruction.first = reinterpret_cast<const CXmlObjectBase*>(link);
         destroy(next);
     }
 }

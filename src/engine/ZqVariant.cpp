@@ -54,10 +54,10 @@ std::u16string ZqVariant::GetType() const
     return kWords[index];
 }
 
-void ZqVariant::Clear() noexcept
+void ZqVariant::Clear()
 {
     m_type = ItemType_invalid;
-    m_payload = std::monostate();
+    m_payload.emplace<std::monostate>();
 }
 
 template <typename TValue>

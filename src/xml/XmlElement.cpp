@@ -43,7 +43,7 @@ void CXmlElement::AddAttribute(std::u16string_view localName, std::u16string_vie
 {
     std::unique_ptr<CXmlAttribute> attribute(new CXmlAttribute(localName, value, uri));
     m_attributes.push_back(attribute.get());
-    attribute.release();
+    static_cast<void>(attribute.release());
 }
 
 void CXmlElement::AppendText(std::u16string_view text)

@@ -36,8 +36,8 @@ public:
     std::u16string GetType() const;
 
     /// Leaves no value.
-    void Clear() noexcept;
-    void SetInvalid() noexcept { Clear(); }
+    void Clear();
+    void SetInvalid() { Clear(); }
 
     /// \name Values
     ///

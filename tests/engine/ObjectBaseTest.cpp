@@ -1,0 +1,388 @@
+// What generated setters and collections take from the object base; the shape of its interface.
+
+#include "model/Custom.h"
+#include "support/Print.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace ZqXmlLib9 {
+namespace {
+
+using namespace TestModel;
+
+CClass& PlainClass()
+{
+    static CClass type(Info());
+    return type;
+}
+
+TEST(Guards, NameThePropertyAndTheElement)
+{
+    const CSmartPtr<CCustom> object = new CCustom(PlainClass());
+    const CSmartPtr<CCustom> value = new CCustom(PlainClass(), u"other");
+    EXPECT_NO_THROW(object->Throw_IfElementNameDiffers(nullptr, u"name"));
+    EXPECT_NO_THROW(object->Throw_IfElementNameDiffers(value.Get(), u"other"));
+    EXPECT_EQ(MessageOf<CZqInvalidParamException>(
+                  [&] { object->Throw_IfElementNameDiffers(value.Get(), u"name"); }),
+              "This property requrires an element with the name name the element being set has "
+              "the element name other");
+    EXPECT_EQ(MessageOf<CZqInvalidParamException>(
+                  [&] { object->Throw_IfPropertyIsNull(nullptr, u"name"); }),
+              "The Property [name] is mandatory, it may node be NULL");
+}
+
+struct SSelection {
+    const char* name;
+    const char16_t* before;
+    std::function<void(const CCustom&, std::u16string&)> step;
+    const char16_t* after;
+    const char* message;
+};
+
+class Selection : public testing::TestWithParam<SSelection> {};
+
+TEST_P(Selection, FollowsTheMemberThatIsSet)
+{
+    const CSmartPtr<CCustom> object = new CCustom(PlainClass());
+    std::u16string selected = GetParam().before;
+    const auto step = [&] { GetParam().step(*object, selected); };
+    if (GetParam().message[0] == '\0')
+        step();
+    else
+        EXPECT_EQ(MessageOf<CZqInvalidStateException>(step), GetParam().message);
+    EXPECT_EQ(U8(selected), U8(GetParam().after));
+}
+
+constexpr const char* kTaken =
+    "The Property [b] is already set. Only one element within this class bay be set at a time";
+constexpr const char* kTakenPlain =
+    "The Property b is already set. Only one element within this class bay be set at a time";
+
+std::function<void(const CCustom&, std::u16string&)> Select(bool isNull)
+{
+    return [isNull](const CCustom& object, std::u16string& selected) {
+        CXmlObjectBase* const value = const_cast<CCustom&>(object).GetBase();
+        object.Choice_SelectElement(u"a", isNull ? nullptr : value, selected);
+    };
+}
+
+std::function<void(const CCustom&, std::u16string&)> SetValid(bool valid)
+{
+    return [valid](const CCustom& object, std::u16string& selected) {
+        object.Choice_SetElementValid(valid, u"a", selected);
+    };
+}
+
+std::function<void(const CCustom&, std::u16string&)> CountIs(int count)
+{
+    return [count](const CCustom& object, std::u16string& selected) {
+        object.Choice_CollectionChanged(u"a", count, selected);
+    };
+}
+
+INSTANTIATE_TEST_SUITE_P(Objects, Selection,
+                         testing::Values(SSelection{"FirstSet", u"", Select(false), u"a", ""},
+                                         SSelection{"NullOnEmptySelects", u"", Select(true), u"a",
+                                                    ""},
+                                         SSelection{"NullUnsets", u"a", Select(true), u"", ""},
+                                         SSelection{"SetAgain", u"a", Select(false), u"a", ""},
+                                         SSelection{"OtherSet", u"b", Select(false), u"b", kTaken},
+                                         SSelection{"OtherSetNull", u"b", Select(true), u"b", ""}),
+                         kRowName);
+INSTANTIATE_TEST_SUITE_P(
+    Values, Selection,
+    testing::Values(SSelection{"FirstValid", u"", SetValid(true), u"a", ""},
+                    SSelection{"OtherValid", u"b", SetValid(true), u"b", kTakenPlain},
+                    SSelection{"InvalidClearsAnother", u"b", SetValid(false), u"", ""}),
+    kRowName);
+INSTANTIATE_TEST_SUITE_P(Collections, Selection,
+                         testing::Values(SSelection{"FirstItem", u"", CountIs(1), u"a", ""},
+                                         SSelection{"EmptyStays", u"", CountIs(0), u"", ""},
+                                         SSelection{"LastItemGone", u"a", CountIs(0), u"", ""},
+                                         SSelection{"OtherFilled", u"b", CountIs(1), u"b", kTaken},
+                                         SSelection{"OtherEmpty", u"b", CountIs(0), u"b", ""}),
+                         kRowName);
+
+/// A collection of texts without storage: it counts what it is told, and reads elements named "i".
+class CCounting : public CXmlCollectionBase {
+public:
+    CCounting(int minOccurs, int maxOccurs) : CXmlCollectionBase(u"i", u"", minOccurs, maxOccurs) {}
+
+    int GetCount() const override { return m_count; }
+    void Clear() override { m_count = 0; }
+    void Remove(int index) override
+    {
+        FireOnCollectionRemove(index);
+        --m_count;
+        FireOnCollectionRemoveComplete(index);
+        FireOnCollectionChange();
+    }
+    void Add(void* item)
+    {
+        FireOnCollectionAdd(item);
+        ++m_count;
+        FireOnCollectionAddComplete(item);
+        FireOnCollectionChange();
+    }
+    using CXmlCollectionBase::Choice_Read_Collection;
+    using CXmlCollectionBase::GetTargetNamespace;
+
+protected:
+    void ToXml_Int(CXmlWriter*, bool, const char16_t*, const CXmlSerializationContext&,
+                   bool) const override
+    {}
+    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* cursor, const CXmlSerializationContext&,
+                             bool) override
+    {
+        for (; cursor != nullptr && cursor->GetLocalName() == u"i"; ++m_count)
+            cursor = cursor->GetNextSiblingElement();
+        return cursor;
+    }
+
+private:
+    int m_count = 0;
+};
+
+/// Logs what it hears; it can leave in the middle of an event.
+class CListener final : public IEventSink {
+public:
+    void OnEvent(CXmlObjectBase*, MsgType type, void* data) override
+    {
+        m_log += std::to_string(type);
+        if (type == MsgType_CollectionRemove || type == MsgType_CollectionRemoveComplete)
+            m_log += data == nullptr
+                         ? "(-)"
+                         : "(" + std::to_string(*static_cast<std::int32_t*>(data)) + ")";
+        if (m_onEvent)
+            m_onEvent();
+    }
+
+    std::string m_log;
+    std::function<void()> m_onEvent;
+};
+
+TEST(Events, ComeInOrderWithTheirData)
+{
+    const CSmartPtr<CCounting> collection = new CCounting(0, -1);
+    CListener listener;
+    CListener twice;
+    collection->AddEventListener(&listener);
+    collection->AddEventListener(&twice);
+    collection->AddEventListener(&twice);
+    collection->Add(nullptr);
+    collection->Remove(0);
+    collection->Remove(-1);
+    EXPECT_EQ(listener.m_log, "1203(0)4(0)03(-)4(-)0");
+    EXPECT_EQ(twice.m_log, "1122003(0)3(0)4(0)4(0)003(-)3(-)4(-)4(-)00");
+    collection->RemoveEventListener(&twice);
+    collection->Add(nullptr);
+    EXPECT_EQ(twice.m_log.size(), 42u);
+    collection->RemoveEventListener(&twice);
+}
+
+TEST(Events, ListenersMayComeAndGoInTheMiddle)
+{
+    const CSmartPtr<CCounting> collection = new CCounting(0, -1);
+    CListener first;
+    CListener second;
+    CListener late;
+    collection->AddEventListener(&first);
+    collection->AddEventListener(&second);
+    first.m_onEvent = [&] {
+        collection->RemoveEventListener(&first);
+        collection->RemoveEventListener(&second);
+        collection->AddEventListener(&late);
+    };
+    collection->Add(nullptr);
+    EXPECT_EQ(first.m_log, "1");
+    EXPECT_EQ(second.m_log, "");
+    EXPECT_EQ(late.m_log, "20");
+}
+
+TEST(Counts, AreTestedAgainstBothBounds)
+{
+    const CXmlSerializationContext strict;
+    CXmlSerializationContext lax;
+    lax.SetIgnoreInvalidCollectionCounts(true);
+    const CSmartPtr<CCounting> collection = new CCounting(2, 1);
+    EXPECT_EQ(MessageOf<CZqValidationException>([&] { collection->ValidateCount(strict); }),
+              "The Minimum number of [i] elements allowed in this collection is 2");
+    collection->Add(nullptr);
+    collection->Add(nullptr);
+    EXPECT_EQ(MessageOf<CZqValidationException>([&] { collection->ValidateCount(strict); }),
+              "The Maximum number of [i] elements allowed in this collection is 1");
+    EXPECT_FALSE(collection->IsValidCount(strict));
+    EXPECT_NO_THROW(collection->ValidateCount(lax));
+    EXPECT_TRUE(collection->IsValidCount(lax));
+    EXPECT_EQ(MessageOf([&] { collection->GetTargetNamespace(); }),
+              "CXmlCollectionBase::GetTargetNamespace Should not be used from within a Collection "
+              "(program logic error)");
+}
+
+TEST(ChoiceReadCollection, ReadsOnce)
+{
+    CXmlDocument document;
+    document.LoadXml("<r><i/><i/><x/><i/></r>");
+    CXmlElement* const root = document.GetDocumentElement();
+    const CSmartPtr<CCounting> collection = new CCounting(0, 2);
+    CXmlElement* cursor = root->GetFirstElement();
+    std::int32_t count = 0;
+    const CXmlSerializationContext context;
+    collection->Choice_Read_Collection(collection.Get(), root, cursor, count, context);
+    EXPECT_EQ(U8(cursor->GetLocalName()), "x");
+    EXPECT_EQ(count, 1);
+    cursor = cursor->GetNextSiblingElement();
+    collection->Choice_Read_Collection(collection.Get(), root, cursor, count, context);
+    EXPECT_NE(cursor, nullptr);
+    EXPECT_EQ(collection->GetCount(), 2);
+}
+
+TEST(Copy, HasItsOwnCount)
+{
+    const CSmartPtr<CCustom> object = new CCustom(PlainClass(), u"name");
+    const CSmartPtr<CCustom> copy = new CCustom(*object);
+    EXPECT_EQ(U8(copy->GetElementName()), "name");
+    const CSmartPtr<CCustom> another = copy;
+    EXPECT_EQ(copy->AddRef(), 3);
+    EXPECT_EQ(copy->Release(), 2);
+    EXPECT_EQ(object->AddRef(), 2);
+    EXPECT_EQ(object->Release(), 1);
+}
+
+TEST(CleanMetaData, FreesAndNulls)
+{
+    auto* parent = new CParentElementInfo(Info());
+    auto** elements = new CElementInfo* [] { new CMemberInfo(u"a", 0, true), nullptr };
+    CAttributeInfo** attributes = nullptr;
+    CCustom::CleanMetaData(parent, elements, attributes);
+    EXPECT_EQ(parent, nullptr);
+    EXPECT_EQ(elements, nullptr);
+    CCustom::CleanMetaData(parent, elements, attributes);
+}
+
+TEST(FromXmlElement, RefusesNull)
+{
+    const CSmartPtr<CCustom> object = new CCustom(PlainClass());
+    const CXmlElement* const none = nullptr;
+    EXPECT_THROW(object->FromXmlElement(none), CZqInvalidParamException);
+}
+
+TEST(Variant, KeepsWhatItHoldsByItsRules)
+{
+    const CSmartPtr<CCustom> object = new CCustom(PlainClass());
+    const auto countOf = [&] { return object->AddRef(), object->Release(); };
+    {
+        ZqVariant value = ObjectValue(object.Get());
+        const ZqVariant copy = value;
+        EXPECT_EQ(countOf(), 3);
+        value = TextValue(u"text");
+        EXPECT_EQ(countOf(), 2);
+        const ZqVariant& self = value;
+        value = self;
+        EXPECT_EQ(U8(value.ToString(u"ignored")), "text");
+        EXPECT_EQ(MessageOf([&] {
+                      value.FromString(u"x", ItemType_xmlObject,
+                                       CWhitespaceUtils::WhitespaceRule_None);
+                  }),
+                  "Invalid Type 27 to convert to string");
+        EXPECT_THROW(value.FromString(u"x", ItemType_string,
+                                      static_cast<CWhitespaceUtils::WhitespaceRule>(4)),
+                     CZqException);
+        EXPECT_EQ(U8(value.GetString()), "text");
+        EXPECT_THROW(static_cast<void>(value.GetI4()), CZqInvalidStateException);
+    }
+    EXPECT_EQ(countOf(), 1);
+    ZqVariant null = ObjectValue(nullptr);
+    EXPECT_TRUE(null.IsValid());
+    EXPECT_EQ(MessageOf([&] { static_cast<void>(null.GetType()); }), "Invalid Type 27");
+    null.SetInvalid();
+    EXPECT_EQ(MessageOf([&] { static_cast<void>(null.ToString(nullptr)); }),
+              "Invalid Type 0 to convert to string");
+}
+
+/// The place of a virtual operation in the table of its class, counted from 0 (Itanium C++ ABI).
+template <typename TFunction>
+std::ptrdiff_t SlotOf(TFunction function)
+{
+    std::ptrdiff_t words[2] = {};
+    static_assert(sizeof(function) == sizeof(words));
+    std::memcpy(words, &function, sizeof(words));
+    return (words[0] - 1) / static_cast<std::ptrdiff_t>(sizeof(void*));
+}
+
+/// Generated classes are compiled against this order.
+class CSlots : public CXmlGeneratedClass {
+public:
+    static std::vector<std::ptrdiff_t> Get()
+    {
+        using Base = CSlots;
+        using Context = const CXmlSerializationContext&;
+        return {
+            SlotOf<void (Base::*)(CXmlObjectBase*, MsgType, void*)>(&Base::OnEvent),
+            SlotOf<CXmlObjectBase* (Base::*)()>(&Base::GetBase),
+            SlotOf(&Base::ToFastInfosetFile),
+            SlotOf<std::u16string (CXmlObjectBase::*)(bool, bool, EOLType, Context) const>(
+                &Base::ToXml),
+            SlotOf(&Base::ToFastInfosetStream),
+            SlotOf(&Base::FromXmlFile),
+            SlotOf<void (CXmlObjectBase::*)(const char16_t*, Context)>(&Base::FromXml),
+            SlotOf<void (CXmlObjectBase::*)(const char*, Context)>(&Base::FromXml),
+            SlotOf<void (CXmlObjectBase::*)(const CBinaryData&, Context)>(&Base::FromXmlStream),
+            SlotOf<void (CXmlObjectBase::*)(unsigned char*, std::uint32_t, Context)>(
+                &Base::FromXmlStream),
+            SlotOf<void (CXmlObjectBase::*)(const CElement*, Context)>(&Base::FromXmlElement),
+            SlotOf<void (CXmlObjectBase::*)(const CXmlElement*, Context)>(&Base::FromXmlElement),
+            SlotOf(&Base::GetTargetNamespace),
+            SlotOf(&Base::GetNamespace),
+            SlotOf<void (Base::*)(CXmlWriter*, Context) const>(&Base::AttributesToXml_Int),
+            SlotOf<void (Base::*)(CXmlWriter*, bool, const char16_t*, Context, bool) const>(
+                &Base::ToXml_Int),
+            SlotOf<CXmlElement* (Base::*)(CXmlElement*, CXmlElement*, Context, bool)>(
+                &Base::FromXml_Int),
+            SlotOf(&Base::AccessProperty),
+            SlotOf(&Base::GetClassInfo),
+            SlotOf(&Base::GetClassElementInfo),
+            SlotOf(&Base::GetClassAttributeInfo),
+            SlotOf(&Base::Init),
+        };
+    }
+};
+
+TEST(VirtualOrder, StaysAsGeneratedClassesKnowIt)
+{
+    // ToXmlFile stands at 2 and ToXmlStream at 5, the destructor at 14 and 15.
+    EXPECT_EQ(CSlots::Get(),
+              (std::vector<std::ptrdiff_t>{0,  1,  3,  4,  6,  7,  8,  9,  10, 11, 12,
+                                           13, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25}));
+}
+
+template <typename... TArguments>
+concept WritesText = requires(const CXmlObjectBase& object, TArguments... arguments)
+{
+    object.ToXml(arguments...);
+};
+
+template <typename... TArguments>
+concept WritesStream = requires(const CXmlObjectBase& object, TArguments... arguments)
+{
+    object.ToXmlStream(arguments...);
+};
+
+template <typename... TArguments>
+concept Loads = requires(TArguments... arguments)
+{
+    CXmlDocument(std::forward<TArguments>(arguments)...);
+};
+
+static_assert(WritesText<> && WritesText<bool, bool, EOLType>);
+static_assert(!WritesText<EOLType> && !WritesText<bool, EOLType>);
+static_assert(!WritesText<const char16_t*>);
+static_assert(WritesStream<bool, bool, XmlEncoding>);
+static_assert(!WritesStream<XmlEncoding> && !WritesStream<bool, XmlEncoding>);
+static_assert(Loads<const CXmlSerializationContext&>);
+static_assert(!Loads<CXmlSerializationContext>, "a document would keep the temporary");
+
+}  // namespace
+}  // namespace ZqXmlLib9

@@ -1,0 +1,335 @@
+// The walk that reads: group by group, flag by flag, with what comes out or the chain of messages.
+
+#include "model/Custom.h"
+#include "support/Print.h"
+
+#include <gtest/gtest.h>
+
+namespace ZqXmlLib9 {
+namespace {
+
+using namespace TestModel;
+
+enum Flags : unsigned {
+    None = 0,
+    UnknownElements = 1,
+    MissingMandatory = 2,
+    MissingChoice = 4,
+    UnknownAttributes = 8,
+    Namespaces = 16,
+};
+
+CXmlSerializationContext MakeContext(unsigned flags)
+{
+    CXmlSerializationContext context;
+    context.SetIgnoreUnknownElements((flags & UnknownElements) != 0);
+    context.SetIgnoreMissingMandatoryElements((flags & MissingMandatory) != 0);
+    context.SetIgnoreMissingChoice((flags & MissingChoice) != 0);
+    context.SetIgnoreUnknownAttributes((flags & UnknownAttributes) != 0);
+    context.SetIgnoreNamespaces((flags & Namespaces) != 0);
+    return context;
+}
+
+/// Reads and tells the properties as "0=x 1=y", or the chain of messages.
+std::string Read(CCustom& object, const char* xml, unsigned flags)
+{
+    const CXmlSerializationContext context = MakeContext(flags);
+    try {
+        object.FromXml(xml, context);
+    }
+    catch (const CZqValidationException& failure) {
+        return failure.GetFullMessageUtf8();
+    }
+    std::string outcome;
+    for (std::size_t i = 0; i < 8; ++i)
+        if (object[i].GetTypeAsEnum() == ItemType_string)
+            outcome +=
+                (outcome.empty() ? "" : " ") + std::to_string(i) + "=" + U8(object[i].GetString());
+    return outcome;
+}
+
+struct SCase {
+    const char* name;
+    unsigned flags;
+    const char* xml;
+    const char* outcome;
+};
+
+constexpr const char* kLeftover =
+    "Failed to process the element [r]\n"
+    "Failed read all the elements held within the element [r]. The unexpected element [x] remains "
+    "un processed";
+constexpr const char* kNoChoice =
+    "Failed to process the element [r]\n"
+    "No child elements within the element [r] were populated. The element represents a choice, so "
+    "one and only one element should be populated. The element contained no sutable child elements";
+constexpr const char* kNoA =
+    "Failed to process the element [r]\nFailed to find a required element [a]";
+constexpr const char* kNoB =
+    "Failed to process the element [r]\nFailed to find a required element [b]";
+
+class Sequence : public testing::TestWithParam<SCase> {};
+
+TEST_P(Sequence, ReadsOrFails)
+{
+    CClass type(Info());
+    type.Text(u"a", 0).Text(u"b", 1);
+    const CSmartPtr<CCustom> object = new CCustom(type);
+    EXPECT_EQ(Read(*object, GetParam().xml, GetParam().flags), GetParam().outcome);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Strict, Sequence,
+    testing::Values(SCase{"Complete", None, "<r><a>1</a><b>2</b></r>", "0=1 1=2"},
+                    SCase{"WrongOrder", None, "<r><b>2</b><a>1</a></r>", kNoA},
+                    SCase{"Missing", None, "<r><a>1</a></r>", kNoB},
+                    SCase{"Nothing", None, "<r/>", kNoA},
+                    SCase{"Unknown", None, "<r><x/><a>1</a><b>2</b></r>", kNoA},
+                    SCase{"Leftover", None, "<r><a>1</a><b>2</b><x/></r>", kLeftover},
+                    SCase{"Repeated", None, "<r><a>1</a><a>1</a><b>2</b></r>", kNoB},
+                    SCase{"WrongNamespace", None, "<r xmlns='urn:x'><a>1</a><b>2</b></r>", kNoA}),
+    kRowName);
+INSTANTIATE_TEST_SUITE_P(
+    UnknownIgnored, Sequence,
+    testing::Values(SCase{"Scans", UnknownElements, "<r><x/><x/><a>1</a><x/><b>2</b><x/></r>",
+                          "0=1 1=2"},
+                    SCase{"EndsScan", UnknownElements, "<r><b>2</b><a>1</a></r>", kNoB},
+                    SCase{"NamespacesToo", UnknownElements | Namespaces,
+                          "<r xmlns:p='urn:p'><x/><p:a>1</p:a><b>2</b></r>", "0=1 1=2"}),
+    kRowName);
+INSTANTIATE_TEST_SUITE_P(MissingIgnored, Sequence,
+                         testing::Values(SCase{"First", MissingMandatory, "<r><b>2</b></r>", "1=2"},
+                                         SCase{"All", MissingMandatory, "<r/>", ""},
+                                         SCase{"LeftoverStays", MissingMandatory, "<r><x/></r>",
+                                               kLeftover}),
+                         kRowName);
+
+class Choice : public testing::TestWithParam<SCase> {};
+
+TEST_P(Choice, ReadsOrFails)
+{
+    CClass type(Info(XmlElementGroupType_Choice));
+    type.Element<CMemberInfo>(u"a", 0, false).Element<CMemberInfo>(u"b", 1, false);
+    const CSmartPtr<CCustom> object = new CCustom(type);
+    EXPECT_EQ(Read(*object, GetParam().xml, GetParam().flags), GetParam().outcome);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Members, Choice,
+    testing::Values(SCase{"Second", None, "<r><b>2</b></r>", "1=2"},
+                    SCase{"None", None, "<r/>", kNoChoice},
+                    SCase{"Unknown", None, "<r><x/></r>", kNoChoice},
+                    SCase{"Leftover", None, "<r><a>1</a><x/></r>", kLeftover},
+                    SCase{"NoneIgnored", MissingChoice, "<r/>", ""},
+                    SCase{"UnknownThenLeftover", MissingChoice, "<r><x/></r>", kLeftover},
+                    SCase{"Scans", UnknownElements, "<r><x/><x/><b>2</b><x/></r>", "1=2"},
+                    SCase{"ScansToTheEnd", UnknownElements, "<r><x/></r>", kNoChoice}),
+    kRowName);
+
+class All : public testing::TestWithParam<SCase> {};
+
+TEST_P(All, ReadsOrFails)
+{
+    CClass type(Info(XmlElementGroupType_All));
+    type.Element<CMemberInfo>(u"a", 0, true)
+        .Element<CMemberInfo>(u"b", 1, false)
+        .Element<CMemberInfo>(u"c", 2, true);
+    const CSmartPtr<CCustom> object = new CCustom(type);
+    EXPECT_EQ(Read(*object, GetParam().xml, GetParam().flags), GetParam().outcome);
+}
+
+constexpr const char* kNoC = "Failed to process the element [r]\nmissing c";
+
+INSTANTIATE_TEST_SUITE_P(
+    Orders, All,
+    testing::Values(SCase{"Reverse", None, "<r><c>3</c><b>2</b><a>1</a></r>", "0=1 1=2 2=3"},
+                    SCase{"OptionalAbsent", None, "<r><c>3</c><a>1</a></r>", "0=1 2=3"},
+                    SCase{"MandatoryAbsent", None, "<r><a>1</a></r>", kNoC},
+                    SCase{"NoFlagHelps", MissingMandatory, "<r><a>1</a></r>", kNoC},
+                    SCase{"Repeated", None, "<r><a>1</a><a>9</a><c>3</c></r>", kNoC},
+                    SCase{"Leftover", None, "<r><c>3</c><a>1</a><x/></r>", kLeftover},
+                    SCase{"StopsAtUnknown", UnknownElements, "<r><a>1</a><x/><c>3</c></r>", kNoC},
+                    SCase{"DropsTheRest", UnknownElements, "<r><c>3</c><a>1</a><x/></r>",
+                          "0=1 2=3"}),
+    kRowName);
+
+/// A sequence of a group without a tag, the row's flags and group type, and a trailing element z.
+struct SPseudoCase {
+    const char* name;
+    XmlElementGroupType group;
+    unsigned flags;
+    const char* xml;
+    const char* log;      ///< of the group
+    const char* outcome;  ///< of the enclosing object
+};
+
+class PseudoGroup : public testing::TestWithParam<SPseudoCase> {};
+
+TEST_P(PseudoGroup, GivesTheCursorBackOnAMiss)
+{
+    CClass groupType(Info(GetParam().group, XmlElementType_Pseudo));
+    if (GetParam().group == XmlElementGroupType_Sequence)
+        groupType.Text(u"a", 0).Text(u"b", 1);
+    else
+        groupType.Element<CMemberInfo>(u"a", 0, true).Element<CMemberInfo>(u"b", 1, true);
+    CClass type(Info());
+    type.Element<CMemberInfo>(u"first", 1, false)
+        .Element<CChildInfo>(u"group", 0, XmlElementType_Pseudo)
+        .Text(u"z", 2);
+    const CSmartPtr<CCustom> group = new CCustom(groupType, u"group");
+    const CSmartPtr<CCustom> object = new CCustom(type);
+    (*object)[0] = ObjectValue(group.Get());
+    EXPECT_EQ(Read(*object, GetParam().xml, GetParam().flags), GetParam().outcome);
+    EXPECT_EQ(group->m_log, GetParam().log);
+}
+
+/// A record that finds nothing and doesn't fail ends the walk of its sequence without a failure.
+constexpr const char* kGroupMissed = "1=0";
+
+INSTANTIATE_TEST_SUITE_P(
+    Kinds, PseudoGroup,
+    testing::Values(
+        SPseudoCase{"Sequence", XmlElementGroupType_Sequence, None,
+                    "<r><first>0</first><a>1</a><b>2</b><z>3</z></r>", "init;set 0;set 1;",
+                    "1=0 2=3"},
+        SPseudoCase{"SequenceCutShort", XmlElementGroupType_Sequence, None,
+                    "<r><first>0</first><a>1</a><z>3</z></r>", "init;set 0;", kGroupMissed},
+        SPseudoCase{"Choice", XmlElementGroupType_Choice, None,
+                    "<r><first>0</first><b>2</b><z>3</z></r>", "init;set 1;", "1=0 2=3"},
+        SPseudoCase{"All", XmlElementGroupType_All, None,
+                    "<r><first>0</first><b>2</b><a>1</a><z>3</z></r>", "init;set 1;set 0;",
+                    "1=0 2=3"},
+        SPseudoCase{"AllCutShort", XmlElementGroupType_All, None,
+                    "<r><first>0</first><b>2</b><z>3</z></r>", "init;set 1;", kGroupMissed}),
+    kRowName);
+
+struct SAttributeCase {
+    const char* name;
+    unsigned flags;
+    const char* attributes;
+    const char* outcome;
+};
+
+class Attributes : public testing::TestWithParam<SAttributeCase> {};
+
+TEST_P(Attributes, AreOfferedThenValidated)
+{
+    CClass type(Info());
+    type.Attribute<CTextAttributeInfo>(u"id", 0, false)
+        .Attribute<CTextAttributeInfo>(u"lang", 1, true);
+    const CSmartPtr<CCustom> object = new CNillableCustom(type);
+    const std::string xml = std::string("<r ") + GetParam().attributes + "/>";
+    EXPECT_EQ(Read(*object, xml.c_str(), GetParam().flags), GetParam().outcome);
+}
+
+#define XSI "xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' "
+
+INSTANTIATE_TEST_SUITE_P(
+    Offered, Attributes,
+    testing::Values(SAttributeCase{"AnyOrder", None, "lang='de' id='1'", "0=1 1=de"},
+                    SAttributeCase{"RequiredMissing", None, "lang='de'",
+                                   "Failed to process the element [r]\nno attribute id"},
+                    SAttributeCase{"NoFlagHelps", UnknownAttributes | UnknownElements, "",
+                                   "Failed to process the element [r]\nno attribute id"},
+                    SAttributeCase{
+                        "Unknown", None, "id='1' x='2'",
+                        "Failed to process the element [r]\nUnexpected Attribute [x] found."},
+                    SAttributeCase{"UnknownIgnored", UnknownAttributes, "id='1' x='2'", "0=1"},
+                    SAttributeCase{"MachineryPassesBy", None,
+                                   XSI "id='1' xsi:type='t' xsi:schemaLocation='a b' "
+                                       "xsi:noNamespaceSchemaLocation='c'",
+                                   "0=1"},
+                    SAttributeCase{"NilFalse", None, XSI "id='1' xsi:nil='FALSE'", "0=1"},
+                    SAttributeCase{"NilOne", UnknownAttributes, XSI "id='1' xsi:nil='1'",
+                                   "Failed to process the element [r]\n"
+                                   "Unexpected Value for Attribute [nil] found."}),
+    kRowName);
+
+TEST(NilElement, ReadsAttributesAndNoContent)
+{
+    CClass type(Info(XmlElementGroupType_Sequence, XmlElementType_Element, 3));
+    type.Text(u"a", 0).Attribute<CTextAttributeInfo>(u"id", 1, false);
+    const CSmartPtr<CNillableCustom> object = new CNillableCustom(type);
+    EXPECT_EQ(Read(*object, "<r " XSI "xsi:nil='TRUE' id='7'>text<strange/></r>", None), "1=7");
+    EXPECT_TRUE(object->IsNil());
+
+    const CSmartPtr<CCustom> strict = new CCustom(type);
+    EXPECT_EQ(Read(*strict, "<r " XSI "xsi:nil='true' id='7'/>", UnknownAttributes),
+              "Failed to process the element [r]\nUnexpected Attribute [nil] found.");
+}
+
+TEST(ClassThatToleratesAttributes, DropsThemUnderAnyContext)
+{
+    CClass type(
+        {XmlElementGroupType_Sequence, XmlElementType_Element, u"T", u"", -1, false, false});
+    const CSmartPtr<CCustom> object = new CCustom(type);
+    EXPECT_EQ(Read(*object, "<r x='1' y='2'/>", None), "");
+}
+
+TEST(ElementText, ComesAfterTheChildrenAsAString)
+{
+    CClass type(Info(XmlElementGroupType_Sequence, XmlElementType_Element, 3));
+    type.Text(u"a", 0);
+    const CSmartPtr<CCustom> object = new CCustom(type);
+    EXPECT_EQ(Read(*object, "<r>x<a>1</a>y</r>", None), "0=1 3=xy");
+    EXPECT_EQ(object->m_log, "init;set 0;set 3;");
+}
+
+TEST(Chain, NamesEveryElementFromTheRoot)
+{
+    CClass inner(Info());
+    inner.Text(u"leaf", 0);
+    CClass middle(Info());
+    middle.Element<CChildInfo>(u"inner", 0, XmlElementType_Element);
+    CClass outer(Info());
+    outer.Element<CChildInfo>(u"middle", 0, XmlElementType_Element);
+    const CSmartPtr<CCustom> innerObject = new CCustom(inner);
+    const CSmartPtr<CCustom> middleObject = new CCustom(middle);
+    const CSmartPtr<CCustom> object = new CCustom(outer);
+    (*object)[0] = ObjectValue(middleObject.Get());
+    (*middleObject)[0] = ObjectValue(innerObject.Get());
+    EXPECT_EQ(Read(*object, "<outer><middle><inner><x/></inner></middle></outer>", None),
+              "Failed to process the element [outer]\n"
+              "Failed to process the element [middle]\n"
+              "Failed to process the element [inner]\n"
+              "Failed to find a required element [leaf]");
+}
+
+TEST(GroupType, OutsideTheEnumFails)
+{
+    CClass type(Info(static_cast<XmlElementGroupType>(3)));
+    const CSmartPtr<CCustom> object = new CCustom(type);
+    EXPECT_EQ(Read(*object, "<r/>", None), "Failed to process the element [r]\nUnknow Group Type");
+    EXPECT_EQ(MessageOf<CZqValidationException>([&] { object->ToXml(); }),
+              "Failed to convert the element [r] to XML\nUnknown XML Group Type");
+}
+
+TEST(MoreRecordsThanAWord, EachHasItsFlag)
+{
+    CClass type(Info(XmlElementGroupType_All));
+    std::string xml = "<r>";
+    for (int i = 69; i >= 0; --i)
+        xml += "<e" + std::to_string(i) + "/>";
+    for (int i = 0; i < 70; ++i)
+        type.Element<CMemberInfo>(ToUtf16("e" + std::to_string(i)).c_str(), i % 8, true);
+    const CSmartPtr<CCustom> object = new CCustom(type);
+    EXPECT_NO_THROW(object->FromXml((xml + "</r>").c_str()));
+    EXPECT_THROW(object->FromXml((xml + "<e69/></r>").c_str()), CZqValidationException);
+}
+
+TEST(ElementInList, AsksEveryRecord)
+{
+    CClass type(Info());
+    type.Text(u"a", 0).Text(u"b", 1, u"urn:b");
+    const CSmartPtr<CCustom> object = new CCustom(type);
+    CXmlDocument document;
+    document.LoadXml("<b/>");
+    CXmlElement* const element = document.GetDocumentElement();
+    EXPECT_FALSE(object->IsElementInList(MakeContext(None), element));
+    EXPECT_TRUE(object->IsElementInList(MakeContext(Namespaces), element));
+    EXPECT_FALSE(object->DoesElementNameMatch(MakeContext(None), element, u"b", u"urn:b"));
+    EXPECT_TRUE(object->DoesElementNameMatch(MakeContext(Namespaces), element, u"b", u"urn:b"));
+}
+
+}  // namespace
+}  // namespace ZqXmlLib9
