@@ -4,7 +4,15 @@
 
 #include <ZqXmlLib9/Export.h>
 #include <ZqXmlLib9/Version.h>
+#include <ZqXmlLib9/collections/Attribute.h>
+#include <ZqXmlLib9/collections/AttributeCol.h>
+#include <ZqXmlLib9/collections/Element.h>
+#include <ZqXmlLib9/collections/ElementCol.h>
+#include <ZqXmlLib9/collections/XmlCollection.h>
 #include <ZqXmlLib9/collections/XmlCollectionBase.h>
+#include <ZqXmlLib9/collections/XmlObjectCollection.h>
+#include <ZqXmlLib9/collections/ZqIterator.h>
+#include <ZqXmlLib9/engine/ClassfactoryBase.h>
 #include <ZqXmlLib9/engine/Enums.h>
 #include <ZqXmlLib9/engine/EventSink.h>
 #include <ZqXmlLib9/engine/Exceptions.h>
@@ -20,7 +28,13 @@
 #include <ZqXmlLib9/engine/XmlSerializationContext.h>
 #include <ZqXmlLib9/engine/ZqVariant.h>
 #include <ZqXmlLib9/metadata/AttributeInfo.h>
+#include <ZqXmlLib9/metadata/AttributeInfoAny.h>
+#include <ZqXmlLib9/metadata/AttributeInfoEnum.h>
+#include <ZqXmlLib9/metadata/AttributeInfoPrimitive.h>
 #include <ZqXmlLib9/metadata/ElementInfo.h>
+#include <ZqXmlLib9/metadata/ElementInfoAll.h>
+#include <ZqXmlLib9/metadata/ElementInfoChoice.h>
+#include <ZqXmlLib9/metadata/ElementInfoKinds.h>
 #include <ZqXmlLib9/metadata/ElementInfoSeq.h>
 #include <ZqXmlLib9/metadata/MetadataEnums.h>
 #include <ZqXmlLib9/metadata/ParentElementInfo.h>

@@ -3,6 +3,7 @@
 
 #include "VersionGate.h"
 
+#include <ZqXmlLib9/collections/Element.h>
 #include <ZqXmlLib9/engine/Exceptions.h>
 #include <ZqXmlLib9/engine/FormatString.h>
 #include <ZqXmlLib9/engine/Text.h>
@@ -19,6 +20,12 @@ namespace {
 {
     throw CZqException(
         FormatString(u"%s is not available in this version of the library", operation));
+}
+
+void RequireElement(const void* element)
+{
+    if (element == nullptr)
+        throw CZqInvalidParamException(u"The element to read from is null");
 }
 
 }  // namespace
@@ -71,8 +78,7 @@ void CXmlObjectBase::ReadDocument(const CXmlSerializationContext& context, TLoad
     PassVersionGate();
     CXmlDocument document(context);
     load(document);
-    CXmlElement* const root = document.GetDocumentElement();
-    FromXml_Int(root, root->GetFirstElement(), context, false);
+    ReadRoot(document.GetDocumentElement(), context);
 }
 
 void CXmlObjectBase::FromXmlFile(const char16_t* fileName, const CXmlSerializationContext& context)
@@ -110,18 +116,28 @@ void CXmlObjectBase::FromXmlStream(std::span<const std::byte> data,
     FromXmlStream(const_cast<unsigned char*>(octets), ToLength32(data.size()), context);
 }
 
-void CXmlObjectBase::FromXmlElement(const CElement*, const CXmlSerializationContext&)
+void CXmlObjectBase::FromXmlElement(const CElement* element,
+                                    const CXmlSerializationContext& context)
 {
-    ThrowNotInThisVersion(u"FromXmlElement(const CElement*)");
+    PassVersionGate();
+    RequireElement(element);
+    const std::u16string text = element->ToXml(false, false, EOLType_LF);
+    CXmlObjectBase::FromXml(text.c_str(), context);
 }
 
 void CXmlObjectBase::FromXmlElement(const CXmlElement* element,
                                     const CXmlSerializationContext& context)
 {
     PassVersionGate();
-    if (element == nullptr)
-        throw CZqInvalidParamException(u"The element to read from is null");
-    FromXml_Int(const_cast<CXmlElement*>(element), element->GetFirstElement(), context, false);
+    RequireElement(element);
+    ReadRoot(const_cast<CXmlElement*>(element), context);
+}
+
+/// An open element takes the root itself, every other object what is in it.
+void CXmlObjectBase::ReadRoot(CXmlElement* root, const CXmlSerializationContext& context)
+{
+    const bool isOpen = dynamic_cast<CElement*>(this) != nullptr;
+    FromXml_Int(root, isOpen ? root : root->GetFirstElement(), context, false);
 }
 
 }  // namespace ZqXmlLib9

@@ -2,6 +2,7 @@
 // XmlGeneratedClassRead.cpp.
 
 #include <ZqXmlLib9/engine/XmlGeneratedClass.h>
+#include <ZqXmlLib9/metadata/ElementInfoChoice.h>
 
 #include <utility>
 
@@ -39,6 +40,22 @@ bool CXmlGeneratedClass::IsElementInList(const CXmlSerializationContext& context
     for (CElementInfo** info = GetClassElementInfo(); info != nullptr && *info != nullptr; ++info)
         if ((*info)->IsThisElement(context, element))
             return true;
+    return false;
+}
+
+bool CXmlGeneratedClass::DoesElementContainOptionalElements() const
+{
+    for (CElementInfo** info = GetClassElementInfo(); info != nullptr && *info != nullptr; ++info) {
+        if (dynamic_cast<const ZqXmlLib9Data::CElementInfoChoice*>(*info) == nullptr)
+            continue;
+        if (dynamic_cast<const ZqXmlLib9Data::CElementInfoChoiceCol*>(*info) == nullptr)
+            return true;
+        ZqVariant value;
+        (*info)->ReadProperty(this, value);
+        const CSmartPtr<CXmlCollectionBase> collection = value.GetXmlCollection();
+        if (collection != nullptr && collection->GetMinOccurs() == 0)
+            return true;
+    }
     return false;
 }
 

@@ -208,7 +208,8 @@ CXmlGeneratedClass::ProcessElementChoiceFromXml(const CXmlSerializationContext& 
     if (!found && !isOptionalChoice) {
         if (elementType == XmlElementType_Pseudo && context.GetIgnoreUnknownElements())
             cursor = start;
-        if (elementType == XmlElementType_Element && !context.GetIgnoreMissingChoice())
+        if (elementType == XmlElementType_Element && !DoesElementContainOptionalElements()
+            && !context.GetIgnoreMissingChoice())
             throw CZqValidationException(FormatString(
                 u"No child elements within the element [%s] were populated. The element "
                 u"represents a choice, so one and only one element should be populated. The "

@@ -1,5 +1,6 @@
 // The walk that writes an object by its metadata.
 
+#include <ZqXmlLib9/collections/AttributeCol.h>
 #include <ZqXmlLib9/engine/Exceptions.h>
 #include <ZqXmlLib9/engine/FormatString.h>
 #include <ZqXmlLib9/engine/Nillable.h>
@@ -32,6 +33,9 @@ void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, const char16
             if (isRoot)
                 WriteRootPrologue(*writer, context);
             writer->WriteStartElement(GetElementName(), TextOrEmpty(namespaceUri));
+            if (isRoot)
+                ToXml_Int(context.GetAdditionalRootAttributes().Get(), writer, false, namespaceUri,
+                          context, isOptionalChoice);
             AttributesToXml_Int(writer, context);
             if (isRoot && !context.GetInLineSchema().empty())
                 writer->WriteInLineSchema(context.GetInLineSchema());
@@ -92,6 +96,9 @@ void CXmlGeneratedClass::AttributesToXml_Int(CXmlWriter* writer,
 {
     try {
         const CParentElementInfo& info = *GetClassInfo();
+        std::optional<CXmlWriter::CGroupScope> group;
+        if (info.GetElementType() != ZqXmlLib9Data::XmlElementType_Element)
+            group.emplace(*writer);
         if (context.GetWriteTypeAttribute() && info.GetHasBaseClasses()
             && GetElementName() != info.GetElementName())
             writer->WriteXsiType(info.GetElementNamespace(), info.GetElementName(),
@@ -134,7 +141,8 @@ void CXmlGeneratedClass::ProcessElementChoiceToXml(const CXmlSerializationContex
     for (; infos != nullptr && *infos != nullptr; ++infos)
         if ((*infos)->ElementToXml(context, this, writer))
             return;
-    if (isOptionalChoice || context.GetIgnoreMissingChoice())
+    if (DoesElementContainOptionalElements() || isOptionalChoice
+        || context.GetIgnoreMissingChoice())
         return;
     throw CZqValidationException(
         u"This element is a choice, and as such must have at one (and only one) valid item, "

@@ -1,3 +1,7 @@
+#include "../engine/NamespaceRestriction.h"
+
+#include <ZqXmlLib9/engine/Exceptions.h>
+#include <ZqXmlLib9/engine/FormatString.h>
 #include <ZqXmlLib9/engine/Text.h>
 #include <ZqXmlLib9/engine/XmlGeneratedClass.h>
 #include <ZqXmlLib9/metadata/AttributeInfo.h>
@@ -34,6 +38,26 @@ bool CAttributeInfo::IsThisAttribute(const CXmlSerializationContext& context,
     return attribute != nullptr && attribute->GetLocalName() == m_attributeName
            && (context.GetIgnoreNamespaces()
                || attribute->GetNamespaceURI() == m_attributeNamespace);
+}
+
+bool CAttributeInfo::IsOmittedDefault(const CXmlSerializationContext& context,
+                                      std::u16string_view text) const
+{
+    return m_optional && !m_defaultValue.empty() && context.GetNoOptionalAttributeDefaultOutput()
+           && text == m_defaultValue;
+}
+
+void CAttributeInfo::RequireFound(bool found) const
+{
+    if (!m_optional && !found)
+        throw ZqXmlLib9::CZqValidationException(ZqXmlLib9::FormatString(
+            u"Failed to find the required Attribute [%s]", m_attributeName));
+}
+
+void CAttributeInfo::TestNamespace(const std::u16string& ns, const std::u16string& restriction,
+                                   const std::u16string& targetNamespace)
+{
+    ZqXmlLib9::RequireNamespacePasses(ns, restriction, targetNamespace);
 }
 
 std::u16string CAttributeInfo::GetTargetNamespace(const CXmlObjectBase* object)

@@ -1,6 +1,10 @@
 // The base of the records, and the steps that the three families share.
 
+#include "../engine/NamespaceRestriction.h"
+
+#include <ZqXmlLib9/collections/ElementCol.h>
 #include <ZqXmlLib9/engine/Exceptions.h>
+#include <ZqXmlLib9/engine/FormatString.h>
 #include <ZqXmlLib9/engine/Text.h>
 #include <ZqXmlLib9/engine/XmlGeneratedClass.h>
 #include <ZqXmlLib9/metadata/ElementInfo.h>
@@ -8,10 +12,30 @@
 #include <ZqXmlLib9/xml/XmlElement.h>
 #include <ZqXmlLib9/xml/XmlWriter.h>
 
+#include <utility>
+
 namespace ZqXmlLib9Data {
 
+using ZqXmlLib9::CElement;
+using ZqXmlLib9::CElementCol;
 using ZqXmlLib9::CZqException;
+using ZqXmlLib9::CZqInvalidStateException;
+using ZqXmlLib9::CZqValidationException;
+using ZqXmlLib9::FormatString;
 using ZqXmlLib9::TextOrEmpty;
+
+namespace {
+
+/// The name of a record that stands for xs:any.
+constexpr std::u16string_view kAnyElement = u"AnyElement";
+
+[[noreturn]] void ThrowNothingToReadInto(const std::u16string& elementName)
+{
+    throw CZqInvalidStateException(
+        FormatString(u"The property of the element [%s] has no object to read into", elementName));
+}
+
+}  // namespace
 
 CElementInfo::CElementInfo(const char16_t* name, const char16_t* ns, int propertyIndex)
     : m_elementName(TextOrEmpty(name)), m_elementNamespace(TextOrEmpty(ns)),
@@ -117,9 +141,7 @@ bool CElementInfo::ElementToXmlCls(const CXmlSerializationContext& context,
                                    const CXmlGeneratedClass* object, CXmlWriter* writer,
                                    bool isOptionalChoice) const
 {
-    ZqVariant value;
-    ReadProperty(object, value);
-    const ZqXmlLib9::CSmartPtr<CXmlObjectBase> child = value.GetXmlObject();
+    const CSmartPtr<CXmlObjectBase> child = ReadObject(object);
     if (child == nullptr)
         return false;
     const CXmlObjectBase* const base = child.Get();
@@ -127,12 +149,28 @@ bool CElementInfo::ElementToXmlCls(const CXmlSerializationContext& context,
     return true;
 }
 
-void CElementInfo::TakePrim(CXmlGeneratedClass* object, CXmlElement** cursor) const
+bool CElementInfo::ElementToXmlCol(const CXmlSerializationContext& context,
+                                   const CXmlGeneratedClass* object, CXmlWriter* writer) const
 {
     ZqVariant value;
-    value.FromString((*cursor)->GetText(), m_itemType, m_whitespaceRule);
-    AccessProperty(object, false, value);
-    *cursor = (*cursor)->GetNextSiblingElement();
+    ReadProperty(object, value);
+    const CSmartPtr<CXmlCollectionBase> collection = value.GetXmlCollection();
+    if (collection == nullptr || collection->GetCount() < 1)
+        return false;
+    const CXmlObjectBase* const base = collection->GetBase();
+    base->ToXml_Int(writer, false, m_elementNamespace.c_str(), context, false);
+    return true;
+}
+
+void CElementInfo::ValidateCount(const CXmlSerializationContext& context,
+                                 const CXmlGeneratedClass* object) const
+{
+    if (context.GetIgnoreInvalidCollectionCounts())
+        return;
+    ZqVariant value;
+    ReadProperty(object, value);
+    if (const CSmartPtr<CXmlCollectionBase> collection = value.GetXmlCollection())
+        collection->ValidateCount(context);
 }
 
 bool CElementInfo::ScanToThisElement(const CXmlSerializationContext& context,
@@ -144,6 +182,137 @@ bool CElementInfo::ScanToThisElement(const CXmlSerializationContext& context,
         *cursor = (*cursor)->GetNextSiblingElement();
     }
     return true;
+}
+
+void CElementInfo::TakePrim(CXmlGeneratedClass* object, CXmlElement** cursor) const
+{
+    ZqVariant value;
+    value.FromString((*cursor)->GetText(), m_itemType, m_whitespaceRule);
+    AccessProperty(object, false, value);
+    *cursor = (*cursor)->GetNextSiblingElement();
+}
+
+void CElementInfo::TakeEnum(CXmlGeneratedClass* object, CXmlElement** cursor,
+                            int (*fromString)(const char16_t*)) const
+{
+    ZqVariant value;
+    value.SetI4(fromString((*cursor)->GetText().c_str()));
+    AccessProperty(object, false, value);
+    *cursor = (*cursor)->GetNextSiblingElement();
+}
+
+CSmartPtr<CXmlObjectBase> CElementInfo::ReadObject(const CXmlGeneratedClass* object) const
+{
+    ZqVariant value;
+    ReadProperty(object, value);
+    if (value.GetTypeAsEnum() != ZqXmlLib9::ItemType_xmlCollection)
+        return value.GetXmlObject();
+    const CSmartPtr<CXmlCollectionBase> collection = value.GetXmlCollection();
+    return collection != nullptr ? collection->GetBase() : nullptr;
+}
+
+CSmartPtr<CXmlObjectBase> CElementInfo::RequireObject(const CXmlGeneratedClass* object) const
+{
+    CSmartPtr<CXmlObjectBase> held = ReadObject(object);
+    if (held == nullptr)
+        ThrowNothingToReadInto(m_elementName);
+    return held;
+}
+
+CSmartPtr<CXmlCollectionBase>
+CElementInfo::RequireCollection(const CXmlGeneratedClass* object) const
+{
+    ZqVariant value;
+    ReadProperty(object, value);
+    CSmartPtr<CXmlCollectionBase> held = value.GetXmlCollection();
+    if (held == nullptr)
+        ThrowNothingToReadInto(m_elementName);
+    return held;
+}
+
+void CElementInfo::StoreObject(CXmlGeneratedClass* object, CXmlObjectBase* value) const
+{
+    ZqVariant variant;
+    variant.SetXmlObject(value);
+    AccessProperty(object, false, variant);
+}
+
+CSmartPtr<CXmlObjectBase> CElementInfo::MakeObject(ClassFactory factory, int classId) const
+{
+    CSmartPtr<CXmlObjectBase> made = factory(classId, m_elementName.c_str());
+    if (made == nullptr)
+        throw CZqInvalidStateException(
+            FormatString(u"The factory of the element [%s] made no object", m_elementName));
+    return made;
+}
+
+void CElementInfo::ReadElement(const CXmlSerializationContext& context, CXmlObjectBase* child,
+                               CXmlElement** cursor, bool isOptionalChoice) const
+{
+    FromXml_Int(child, *cursor, (*cursor)->GetFirstElement(), context, isOptionalChoice);
+    *cursor = (*cursor)->GetNextSiblingElement();
+}
+
+bool CElementInfo::ReadRun(const CXmlSerializationContext& context, CXmlObjectBase* child,
+                           CXmlElement* parent, CXmlElement** cursor) const
+{
+    CXmlElement* const next = FromXml_Int(child, parent, *cursor, context, false);
+    return std::exchange(*cursor, next) != next;
+}
+
+CSmartPtr<CXmlObjectBase> CElementInfo::MakeOpenElement(const std::u16string& restriction,
+                                                        const char16_t* parentNamespace,
+                                                        const std::u16string& targetNamespace) const
+{
+    const std::u16string ns =
+        GetAnyDefaultNamespace(restriction.c_str(), parentNamespace, targetNamespace.c_str());
+    return new CElement(m_elementName.c_str(), ns.c_str(), restriction.c_str(),
+                        targetNamespace.c_str());
+}
+
+bool CElementInfo::ReadOpenElement(const CXmlSerializationContext& context, CXmlObjectBase* element,
+                                   CXmlElement* parent, CXmlElement** cursor) const
+{
+    return (m_elementName == kAnyElement || (*cursor)->GetLocalName() == m_elementName)
+           && ReadRun(context, element, parent, cursor);
+}
+
+bool CElementInfo::ReadOpenElements(const CXmlSerializationContext& context,
+                                    CXmlCollectionBase* elements, CXmlElement* parent,
+                                    CXmlElement** cursor) const
+{
+    if (m_elementName == kAnyElement)
+        return ReadRun(context, elements->GetBase(), parent, cursor);
+    auto* const collection = dynamic_cast<CElementCol*>(elements);
+    if (collection == nullptr)
+        throw CZqException(
+            u"Serialization Data Error : The collection should be a CElementCol, it was not!");
+    const std::u16string ns = *cursor != nullptr ? (*cursor)->GetNamespaceURI() : u"";
+    CXmlElement* const next = collection->FromXmlLockElementName_Int(
+        m_elementName.c_str(), ns.c_str(), parent, *cursor, context);
+    return std::exchange(*cursor, next) != next;
+}
+
+std::u16string CElementInfo::GetAnyDefaultNamespace(const char16_t* restriction,
+                                                    const char16_t* parentNamespace,
+                                                    const char16_t* targetNamespace)
+{
+    std::u16string_view rule = TextOrEmpty(restriction);
+    if (rule.starts_with(u"##"))
+        rule = ZqXmlLib9::TakeToken(rule);
+    if (rule == ZqXmlLib9::kAnyNamespace)
+        return std::u16string(TextOrEmpty(parentNamespace));
+    if (rule == ZqXmlLib9::kOtherNamespace)
+        return TextOrEmpty(parentNamespace).empty() ? u"DefaultNamespace" : u"";
+    if (rule == ZqXmlLib9::kTargetNamespace)
+        return std::u16string(TextOrEmpty(targetNamespace));
+    return {};
+}
+
+void CElementInfo::ThrowRequired() const
+{
+    throw CZqValidationException(
+        FormatString(u"Failed to find a required element [%s]", m_elementName));
 }
 
 }  // namespace ZqXmlLib9Data

@@ -64,11 +64,16 @@ void CXmlWriter::AddNamespaceAlias(std::u16string_view prefix, std::u16string_vi
         SetPrefix(m_namespaces, uri, prefix);
 }
 
+int CXmlWriter::GetRemainingDepth() const noexcept
+{
+    return m_context != nullptr ? m_maxDepth - static_cast<int>(m_context->GetDepth()) - 1
+                                : m_maxDepth;
+}
+
 std::unique_ptr<CXmlWriter::CXmlWriterContext>
 CXmlWriter::MakeContext(std::u16string_view name, std::u16string_view uri) const
 {
-    const std::int64_t depth = m_context != nullptr ? std::int64_t{m_context->GetDepth()} + 1 : 0;
-    if (depth >= m_maxDepth)
+    if (GetRemainingDepth() <= 0)
         ThrowTooDeep(m_maxDepth);
     if (m_context != nullptr)
         return std::make_unique<CXmlWriterContext>(name, uri, *m_context);

@@ -70,6 +70,10 @@ protected:
     /// Whether any record of a child takes the element by its name.
     bool IsElementInList(const CXmlSerializationContext& context, CXmlElement* element) const;
 
+    /// Whether a choice may stay empty: it has an optional member, or a collection whose minimum is
+    /// 0. Records of other groups count for nothing.
+    bool DoesElementContainOptionalElements() const;
+
     /// Offers the attributes of an element to the records, then has each record say whether it
     /// may do without.
     void ProcessAttributesFromXml(const CXmlSerializationContext& context, CXmlElement* element,

@@ -112,7 +112,9 @@ public:
         unsigned char* const data, std::uint32_t length,
         const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext());
 
-    /// Reads the object from an open element.
+    /// Reads the object from an open element, by way of its text under the default context.
+    /// \throws CZqInvalidParamException  the element is null
+    /// \throws CZqException              as `FromXml`
     virtual void FromXmlElement(
         const CElement* element,
         const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext());
@@ -244,6 +246,20 @@ protected:
     bool DoesElementNameMatch(const CXmlSerializationContext& context, const CXmlElement* element,
                               const char16_t* name, const char16_t* ns) const;
 
+    /// \name The restrictions of open content
+    ///
+    /// A restriction is a list of tokens, separated by single blanks: `##any`, `##other`,
+    /// `##local`, `##targetNamespace`, or a URI, which lets the empty namespace pass too.
+    /// Source: XML Schema Part 1, 3.10.
+    /// @{
+    bool IsNamespaceValid(const char16_t* ns, const char16_t* restriction,
+                          const char16_t* targetNamespace) const;
+    /// \throws CZqInvalidNamespaceException  "Invalid namespace [%s]. The namespace must be one of
+    ///         [%s] where the target namespace is [%s]"
+    void TestNamespace(const char16_t* ns, const char16_t* restriction,
+                       const char16_t* targetNamespace) const;
+    /// @}
+
     /// \name The selection of a choice, which a generated class keeps in `selected`
     ///
     /// `selected` is the name of the member that is set, or empty.
@@ -273,6 +289,7 @@ private:
     /// An entry point that reads, from the gate on.
     template <typename TLoad>
     void ReadDocument(const CXmlSerializationContext& context, TLoad&& load);
+    void ReadRoot(CXmlElement* root, const CXmlSerializationContext& context);
 
     std::u16string m_elementName;
     /// The count of holders; while the object waits for its destruction, the next one that waits.

@@ -5,12 +5,16 @@
 #include <ZqXmlLib9/Export.h>
 #include <ZqXmlLib9/engine/Enums.h>
 #include <ZqXmlLib9/engine/NamespaceAliasMap.h>
+#include <ZqXmlLib9/engine/SmartPtr.h>
 
+#include <atomic>
 #include <cstdint>
 #include <string>
 #include <vector>
 
 namespace ZqXmlLib9 {
+
+class CAttributeCol;
 
 /// The settings that a caller passes to every entry point; it must outlive the operation.
 ///
@@ -40,6 +44,11 @@ public:
     /// The aliases that the root declares.
     const CNamespaceAliasMap& GetNamespaceAliases() const { return m_namespaceAliases; }
     CNamespaceAliasMap& GetNamespaceAliases() { return m_namespaceAliases; }
+
+    /// Attributes that stand first on the tag of the root, a schema location for instance: a
+    /// collection under the restriction `##any`, made when it is first asked for. A copy of the
+    /// context shares it.
+    CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
 
     /// Complete with their own markup, written as they are in front of the root.
     const std::vector<std::u16string>& GetProcessingInstructions() const
@@ -115,10 +124,26 @@ public:
     /// @}
 
 private:
+    /// Holds one reference to the root attributes. Many threads may ask for them at once, and the
+    /// first one makes them.
+    class ZQXMLLIB9_API CRootAttributes {
+    public:
+        CRootAttributes() noexcept = default;
+        CRootAttributes(const CRootAttributes& other);
+        CRootAttributes& operator=(const CRootAttributes& other);
+        ~CRootAttributes();
+
+        CSmartPtr<CAttributeCol> Get();
+
+    private:
+        std::atomic<CAttributeCol*> m_attributes{nullptr};
+    };
+
     static CXmlSerializationContext m_defaultContext;
 
     std::u16string m_defaultNamespaceUri;
     CNamespaceAliasMap m_namespaceAliases;
+    mutable CRootAttributes m_rootAttributes;
     std::vector<std::u16string> m_processingInstructions;
     std::u16string m_inLineSchema;
     SchemaType m_schemaType = SchemaType_Default;

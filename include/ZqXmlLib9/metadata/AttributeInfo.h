@@ -5,6 +5,7 @@
 #include <ZqXmlLib9/Export.h>
 
 #include <string>
+#include <string_view>
 
 namespace ZqXmlLib9 {
 class CXmlAttribute;
@@ -63,6 +64,14 @@ protected:
     bool IsThisAttribute(const CXmlSerializationContext& context,
                          const CXmlAttribute* attribute) const;
 
+    /// Whether an optional attribute with this text is left out, since it equals its default.
+    bool IsOmittedDefault(const CXmlSerializationContext& context, std::u16string_view text) const;
+    /// \throws CZqValidationException  "Failed to find the required Attribute [%s]"
+    void RequireFound(bool found) const;
+
+    /// \throws CZqInvalidNamespaceException  see `CXmlObjectBase::TestNamespace`
+    static void TestNamespace(const std::u16string& ns, const std::u16string& restriction,
+                              const std::u16string& targetNamespace);
     static std::u16string GetTargetNamespace(const CXmlObjectBase* object);
     static void ToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer, bool isRoot,
                           const char16_t* namespaceUri, const CXmlSerializationContext& context);

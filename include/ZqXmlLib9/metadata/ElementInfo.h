@@ -3,6 +3,7 @@
 #pragma once
 
 #include <ZqXmlLib9/Export.h>
+#include <ZqXmlLib9/engine/SmartPtr.h>
 #include <ZqXmlLib9/metadata/MetadataEnums.h>
 #include <ZqXmlLib9/types/ItemType.h>
 #include <ZqXmlLib9/types/PrimitiveRestrictions.h>
@@ -11,6 +12,7 @@
 #include <string>
 
 namespace ZqXmlLib9 {
+class CXmlCollectionBase;
 class CXmlElement;
 class CXmlGeneratedClass;
 class CXmlObjectBase;
@@ -22,7 +24,9 @@ class ZqVariant;
 namespace ZqXmlLib9Data {
 
 using ZqXmlLib9::CPrimitiveRestrictions;
+using ZqXmlLib9::CSmartPtr;
 using ZqXmlLib9::CWhitespaceUtils;
+using ZqXmlLib9::CXmlCollectionBase;
 using ZqXmlLib9::CXmlElement;
 using ZqXmlLib9::CXmlGeneratedClass;
 using ZqXmlLib9::CXmlObjectBase;
@@ -30,6 +34,13 @@ using ZqXmlLib9::CXmlSerializationContext;
 using ZqXmlLib9::CXmlWriter;
 using ZqXmlLib9::ItemType;
 using ZqXmlLib9::ZqVariant;
+
+/// Makes the object of a class under an element name; generated code numbers its classes.
+using ClassFactory = CSmartPtr<CXmlObjectBase> (*)(int classId, const char16_t* elementName);
+
+/// Makes the object of the class that an element asks for, by its `xsi:type` or its name; null if
+/// no class fits. See `CClassfactoryBase`.
+using ElementFactory = CSmartPtr<CXmlObjectBase> (*)(CXmlElement* element);
 
 /// One child element of a class: its name, its property, and how it is written, read and tested.
 ///
@@ -114,12 +125,80 @@ protected:
     bool ElementToXmlCls(const CXmlSerializationContext& context, const CXmlGeneratedClass* object,
                          CXmlWriter* writer, bool isOptionalChoice) const;
 
-    /// The take step of a primitive: stores the text at the cursor and moves on.
-    void TakePrim(CXmlGeneratedClass* object, CXmlElement** cursor) const;
+    /// Writes a collection, which writes its items itself; nothing if it is empty.
+    bool ElementToXmlCol(const CXmlSerializationContext& context, const CXmlGeneratedClass* object,
+                         CXmlWriter* writer) const;
+
+    /// Tests the count of a collection unless the context ignores counts.
+    /// \throws CZqValidationException  as `CXmlCollectionBase::ValidateCount`
+    void ValidateCount(const CXmlSerializationContext& context,
+                       const CXmlGeneratedClass* object) const;
 
     /// Moves the cursor to this record's element, past others where the context ignores unknown
     /// elements. A cursor that finds nothing ends as null.
     bool ScanToThisElement(const CXmlSerializationContext& context, CXmlElement** cursor) const;
+
+    /// Takes the element at the cursor if it is this record's.
+    template <typename TTake>
+    bool TakeIfHere(const CXmlSerializationContext& context, CXmlElement** cursor,
+                    TTake&& take) const
+    {
+        const bool isHere = IsThisElement(context, *cursor);
+        if (isHere)
+            take();
+        return isHere;
+    }
+
+    /// The take step of a primitive: stores the text at the cursor and moves on.
+    void TakePrim(CXmlGeneratedClass* object, CXmlElement** cursor) const;
+    /// The take step of an enumeration.
+    void TakeEnum(CXmlGeneratedClass* object, CXmlElement** cursor,
+                  int (*fromString)(const char16_t*)) const;
+
+    /// The object or collection that a property holds; null if it holds none.
+    CSmartPtr<CXmlObjectBase> ReadObject(const CXmlGeneratedClass* object) const;
+    /// The same for a property that is read into without being set.
+    /// \throws CZqInvalidStateException  "The property of the element [%s] has no object to read
+    ///         into"
+    CSmartPtr<CXmlObjectBase> RequireObject(const CXmlGeneratedClass* object) const;
+    /// \throws CZqInvalidStateException  the same words
+    CSmartPtr<CXmlCollectionBase> RequireCollection(const CXmlGeneratedClass* object) const;
+    /// \param value  null unsets the property
+    void StoreObject(CXmlGeneratedClass* object, CXmlObjectBase* value) const;
+    /// The object that a factory by class makes.
+    /// \throws CZqInvalidStateException  "The factory of the element [%s] made no object"
+    CSmartPtr<CXmlObjectBase> MakeObject(ClassFactory factory, int classId) const;
+
+    /// Reads an object from the element at the cursor, and moves on.
+    void ReadElement(const CXmlSerializationContext& context, CXmlObjectBase* child,
+                     CXmlElement** cursor, bool isOptionalChoice) const;
+    /// Reads an object without a tag, or a collection, from the cursor on.
+    /// \return whether it took anything; the cursor then stands behind it
+    bool ReadRun(const CXmlSerializationContext& context, CXmlObjectBase* child,
+                 CXmlElement* parent, CXmlElement** cursor) const;
+
+    /// A new open element for this record.
+    CSmartPtr<CXmlObjectBase> MakeOpenElement(const std::u16string& restriction,
+                                              const char16_t* parentNamespace,
+                                              const std::u16string& targetNamespace) const;
+    /// Reads an open element from the cursor, if the name there is this record's; the name
+    /// `AnyElement` stands for all. The namespace is the matter of the open element.
+    bool ReadOpenElement(const CXmlSerializationContext& context, CXmlObjectBase* element,
+                         CXmlElement* parent, CXmlElement** cursor) const;
+    /// Reads a collection of open elements from the cursor on: all of them for the name
+    /// `AnyElement`, else those of this record's name and the namespace at the cursor.
+    /// \throws CZqException  "Serialization Data Error : The collection should be a CElementCol, it
+    ///         was not!"
+    bool ReadOpenElements(const CXmlSerializationContext& context, CXmlCollectionBase* elements,
+                          CXmlElement* parent, CXmlElement** cursor) const;
+
+    /// The namespace that a new open element has by default under a restriction.
+    static std::u16string GetAnyDefaultNamespace(const char16_t* restriction,
+                                                 const char16_t* parentNamespace,
+                                                 const char16_t* targetNamespace);
+
+    /// \throws CZqValidationException  "Failed to find a required element [%s]"
+    [[noreturn]] void ThrowRequired() const;
     /// @}
 
 private:

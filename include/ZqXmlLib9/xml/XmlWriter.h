@@ -69,6 +69,8 @@ public:
 
     /// How many elements, or groups without a tag, may be open at once. Default 1024.
     void SetMaxDepth(int levels) noexcept { m_maxDepth = levels; }
+    /// How many more elements may be opened inside the open one.
+    int GetRemainingDepth() const noexcept;
 
     /// Counts a group without a tag that is being written: such groups nest without elements, so
     /// the depth of elements alone doesn't bound them.

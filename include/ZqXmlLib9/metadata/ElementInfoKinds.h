@@ -1,0 +1,216 @@
+/// \file ElementInfoKinds.h
+/// What the records of one kind have in common in all groups: their fields, and how they write.
+///
+/// A record is a cell of a grid of group (Seq, Choice, All), kind (Prim, Enum, Cls, AbsCls, Untpd)
+/// and occurrence (Mnd, Opt, Col). The templates here are the kinds over the group; the concrete
+/// records in ElementInfoSeq.h, ElementInfoChoice.h and ElementInfoAll.h add how they read:
+///
+/// |                          | Seq                                 | Choice                 | All
+/// |
+/// |--------------------------|-------------------------------------|------------------------|-----------------------|
+/// | Prim, Enum, Cls: a miss  | Mnd: fails, or is false in a group  | false                  |
+/// false; then `Validate`| |                          | without a tag; Opt: true            | | |
+/// | scans forward            | Mnd, where unknown elements are     | never                  |
+/// never                 | |                          | ignored; in a group Prim alone      | | |
+/// | Cls, AbsCls: stored      | Opt: after it was read; Mnd of Cls: | before it was read     | as
+/// in Seq             | |                          | never, the object exists            | | | |
+/// Cls: an empty choice     | fails                               | passes, one level down | fails
+/// | | AbsCls: no class fits    | Mnd: fails; Opt: true               | stores null, false     |
+/// can't be read at all  | | Col: result              | true, or the count's verdict in a   |
+/// whether it took        | false: it stays open  | |                          | group without a
+/// tag                 | anything               |                       | | Col: count on output |
+/// tested                              | not tested             | tested                |
+#pragma once
+
+#include <ZqXmlLib9/Export.h>
+#include <ZqXmlLib9/engine/SmartPtr.h>
+#include <ZqXmlLib9/engine/Text.h>
+#include <ZqXmlLib9/engine/XmlObjectBase.h>
+#include <ZqXmlLib9/metadata/ElementInfo.h>
+
+#include <string>
+
+namespace ZqXmlLib9Data {
+
+/// A record whose property is an object, or a collection of objects, with a tag or without one.
+template <typename TGroup>
+class ZQXMLLIB9_API CElementInfoTypedOf : public TGroup {
+protected:
+    CElementInfoTypedOf(const char16_t* name, const char16_t* ns, int propertyIndex,
+                        XmlElementType elementType)
+        : TGroup(name, ns, propertyIndex), m_elementType(elementType)
+    {}
+
+    /// The attributes of a class without a tag stand on the enclosing tag.
+    void PseudoChildAttributeToXml(const CXmlSerializationContext& context,
+                                   const CXmlGeneratedClass* object,
+                                   CXmlWriter* writer) const override
+    {
+        if (m_elementType != XmlElementType_Pseudo)
+            return;
+        if (const CSmartPtr<CXmlObjectBase> child = this->ReadObject(object))
+            this->AttributesToXml_Int(child.Get(), writer, context);
+    }
+
+    bool HasTag() const noexcept { return m_elementType == XmlElementType_Element; }
+    bool IsPseudo() const noexcept { return m_elementType == XmlElementType_Pseudo; }
+
+private:
+    XmlElementType m_elementType;
+};
+
+/// A primitive.
+template <typename TGroup>
+class ZQXMLLIB9_API CElementInfoPrimOf : public TGroup {
+public:
+    /// \param format  of the text, see `ZqVariant::ToString`; the pointer is kept, not the text
+    CElementInfoPrimOf(const char16_t* name, const char16_t* ns, int propertyIndex,
+                       ItemType itemType, const char16_t* format,
+                       CWhitespaceUtils::WhitespaceRule rule,
+                       const CPrimitiveRestrictions& restrictions)
+        : TGroup(name, ns, propertyIndex, itemType, format, rule, restrictions)
+    {}
+
+protected:
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* object,
+                      CXmlWriter* writer) const override
+    {
+        return this->ElementToXmlPrim(context, object, writer);
+    }
+};
+
+/// An enumeration: an integer in the object, a word in the document.
+template <typename TGroup>
+class ZQXMLLIB9_API CElementInfoEnumOf : public TGroup {
+public:
+    /// \param fromString  decides what an unknown word means
+    CElementInfoEnumOf(const char16_t* name, const char16_t* ns, int propertyIndex,
+                       const char16_t* (*toString)(int), int (*fromString)(const char16_t*))
+        : TGroup(name, ns, propertyIndex), m_toString(toString), m_fromString(fromString)
+    {}
+
+protected:
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* object,
+                      CXmlWriter* writer) const override
+    {
+        return this->ElementToXmlEnum(context, object, writer, m_toString);
+    }
+
+    void Take(CXmlGeneratedClass* object, CXmlElement** cursor) const
+    {
+        this->TakeEnum(object, cursor, m_fromString);
+    }
+
+private:
+    const char16_t* (*m_toString)(int);
+    int (*m_fromString)(const char16_t*);
+};
+
+/// An object of a generated class.
+template <typename TGroup>
+class ZQXMLLIB9_API CElementInfoClsOf : public CElementInfoTypedOf<TGroup> {
+public:
+    CElementInfoClsOf(const char16_t* name, const char16_t* ns, int propertyIndex,
+                      XmlElementType elementType, ClassFactory factory, int classId)
+        : CElementInfoTypedOf<TGroup>(name, ns, propertyIndex, elementType), m_factory(factory),
+          m_classId(classId)
+    {}
+
+protected:
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* object,
+                      CXmlWriter* writer) const override
+    {
+        return this->ElementToXmlCls(context, object, writer, false);
+    }
+
+    CSmartPtr<CXmlObjectBase> Make() const { return this->MakeObject(m_factory, m_classId); }
+
+private:
+    ClassFactory m_factory;
+    int m_classId;
+};
+
+/// An object whose class the element decides.
+template <typename TGroup>
+class ZQXMLLIB9_API CElementInfoAbsClsOf : public CElementInfoTypedOf<TGroup> {
+public:
+    CElementInfoAbsClsOf(const char16_t* name, const char16_t* ns, int propertyIndex,
+                         XmlElementType elementType, ElementFactory factory)
+        : CElementInfoTypedOf<TGroup>(name, ns, propertyIndex, elementType), m_factory(factory)
+    {}
+
+protected:
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* object,
+                      CXmlWriter* writer) const override
+    {
+        return this->ElementToXmlCls(context, object, writer, false);
+    }
+
+    /// Null if no class fits.
+    CSmartPtr<CXmlObjectBase> Make(CXmlElement* element) const { return m_factory(element); }
+
+private:
+    ElementFactory m_factory;
+};
+
+/// An open element. The element name `AnyElement` stands for xs:any: every name is taken.
+template <typename TGroup>
+class ZQXMLLIB9_API CElementInfoUntpdOf : public TGroup {
+public:
+    /// \param namespaceRestriction  see `CXmlObjectBase::TestNamespace`
+    CElementInfoUntpdOf(const char16_t* name, const char16_t* ns, int propertyIndex,
+                        const char16_t* namespaceRestriction, const char16_t* targetNamespace)
+        : TGroup(name, ns, propertyIndex),
+          m_namespaceRestriction(ZqXmlLib9::TextOrEmpty(namespaceRestriction)),
+          m_targetNamespace(ZqXmlLib9::TextOrEmpty(targetNamespace))
+    {}
+
+protected:
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* object,
+                      CXmlWriter* writer) const override
+    {
+        return this->ElementToXmlCls(context, object, writer, false);
+    }
+
+    CSmartPtr<CXmlObjectBase> Make(const char16_t* parentNamespace) const
+    {
+        return this->MakeOpenElement(m_namespaceRestriction, parentNamespace, m_targetNamespace);
+    }
+
+    /// Reads a new open element, and stores it if it took anything.
+    bool TakeNew(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
+                 CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace) const
+    {
+        if (*cursor == nullptr)
+            return false;
+        const CSmartPtr<CXmlObjectBase> element = Make(parentNamespace);
+        const bool taken = this->ReadOpenElement(context, element.Get(), parent, cursor);
+        if (taken)
+            this->StoreObject(object, element.Get());
+        return taken;
+    }
+
+private:
+    std::u16string m_namespaceRestriction;
+    std::u16string m_targetNamespace;
+};
+
+/// A collection whose count is tested when it is written.
+template <typename TGroup>
+class ZQXMLLIB9_API CElementInfoCountedColOf : public TGroup {
+public:
+    CElementInfoCountedColOf(const char16_t* name, const char16_t* ns, int propertyIndex)
+        : TGroup(name, ns, propertyIndex)
+    {}
+
+protected:
+    /// \throws CZqValidationException  as `CXmlCollectionBase::ValidateCount`
+    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* object,
+                      CXmlWriter* writer) const override
+    {
+        this->ValidateCount(context, object);
+        return this->ElementToXmlCol(context, object, writer);
+    }
+};
+
+}  // namespace ZqXmlLib9Data
