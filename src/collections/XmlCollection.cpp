@@ -26,6 +26,7 @@ void CXmlCollection::AttributesToXml_Int(CXmlWriter* writer,
 
 void CXmlCollection::Clear()
 {
+    const CHold hold(*this);
     while (m_count >= 1)
         Remove(0);
 }
@@ -41,6 +42,7 @@ void CXmlCollection::Add(CXmlObjectBase* item, TFindNext&& findNext)
 {
     if (item == nullptr)
         throw CZqInvalidParamException(u"The object to add is null");
+    const CHold hold(*this);
     auto node = std::make_unique<CNode>();
     node->item = item;
     FireOnCollectionAdd(item);
@@ -105,6 +107,7 @@ CNode* CXmlCollection::GetNodeForItem(const CXmlObjectBase* item) const
 
 void CXmlCollection::RemoveNode(CNode* node)
 {
+    const CHold hold(*this);
     FireOnCollectionRemove(-1);
     (node->previous != nullptr ? node->previous->next : m_head) = node->next;
     (node->next != nullptr ? node->next->previous : m_tail) = node->previous;

@@ -71,6 +71,7 @@ void CXmlCollectionBase::FireAll(TFire&& fire)
 {
     if (m_listeners.empty())
         return;
+    const CHold hold(*this);
     // Listeners may come and go in the middle of the event.
     const std::vector<IEventSink*> present = m_listeners;
     for (IEventSink* const listener : present)

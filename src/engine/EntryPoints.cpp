@@ -13,6 +13,9 @@
 #include <ZqXmlLib9/xml/XmlElement.h>
 #include <ZqXmlLib9/xml/XmlTextWriter.h>
 
+#include <utility>
+#include <vector>
+
 namespace ZqXmlLib9 {
 namespace {
 
@@ -26,6 +29,25 @@ void RequireElement(const void* element)
 {
     if (element == nullptr)
         throw CZqInvalidParamException(u"The element to read from is null");
+}
+
+/// A tree may have been loaded under a context that allows more levels than this one does.
+void RequireDepth(const CXmlElement* element, const CXmlSerializationContext& context)
+{
+    std::vector<const CXmlElement*> open{element};
+    while (!open.empty()) {
+        if (std::cmp_greater(open.size(), context.GetMaxDepth()))
+            throw CZqException(FormatString(u"The document is nested deeper than %d levels",
+                                            context.GetMaxDepth()));
+        const CXmlElement* next = open.back()->GetFirstElement();
+        while (next == nullptr && open.size() > 1) {
+            next = open.back()->GetNextSiblingElement();
+            open.pop_back();
+        }
+        if (next == nullptr)
+            break;
+        open.push_back(next);
+    }
 }
 
 }  // namespace
@@ -130,6 +152,7 @@ void CXmlObjectBase::FromXmlElement(const CXmlElement* element,
 {
     PassVersionGate();
     RequireElement(element);
+    RequireDepth(element, context);
     ReadRoot(const_cast<CXmlElement*>(element), context);
 }
 

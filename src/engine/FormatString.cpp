@@ -152,7 +152,10 @@ private:
         case u'X': PrintUnsigned(conversion, 16); break;
         case u'c':
         case u'C': {
-            const char16_t unit = static_cast<char16_t>(ToInteger(NextArgument()).bits);
+            const std::uint64_t value = ToInteger(NextArgument()).bits;
+            if (value > 0xFFFF)
+                Fail(u"a character is no UTF-16 code unit");
+            const char16_t unit = static_cast<char16_t>(value);
             Pad(conversion, {}, {&unit, 1}, false);
             break;
         }

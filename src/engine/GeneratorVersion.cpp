@@ -8,18 +8,30 @@
 #include <ZqXmlLib9/engine/GeneratorVersion.h>
 
 #include <atomic>
+#include <cstdint>
 
 namespace ZqXmlLib9 {
 namespace {
 
-std::atomic<bool> g_isRegistered{false};
-std::atomic<int> g_major{0};
-std::atomic<int> g_minor{0};
+/// Both numbers in one word, so that no thread sees half a registration.
+constexpr std::uint64_t Pack(SVersion version)
+{
+    return std::uint64_t{static_cast<std::uint32_t>(version.major)} << 32
+           | static_cast<std::uint32_t>(version.minor);
+}
+
+/// No generator has these numbers.
+constexpr std::uint64_t kUnregistered = Pack({-1, -1});
+
+std::atomic<std::uint64_t> g_generator{kUnregistered};
 std::atomic<bool> g_isChecked{false};
 
 SVersion GetGeneratorVersion()
 {
-    return {g_major.load(std::memory_order_relaxed), g_minor.load(std::memory_order_relaxed)};
+    const std::uint64_t packed = g_generator.load(std::memory_order_relaxed);
+    if (packed == kUnregistered)
+        return {0, 0};
+    return {static_cast<std::int32_t>(packed >> 32), static_cast<std::int32_t>(packed)};
 }
 
 bool IsSupported(SVersion generator)
@@ -45,10 +57,8 @@ SVersion GetLibraryVersion() noexcept
 
 void Register(int major, int minor) noexcept
 {
-    if (g_isRegistered.exchange(true, std::memory_order_relaxed))
-        return;
-    g_major.store(major, std::memory_order_relaxed);
-    g_minor.store(minor, std::memory_order_relaxed);
+    std::uint64_t expected = kUnregistered;
+    g_generator.compare_exchange_strong(expected, Pack({major, minor}), std::memory_order_relaxed);
 }
 
 void PassVersionGate()

@@ -3,14 +3,14 @@
 
 #include "FoundFlags.h"
 
+#include "../platform/Ascii.h"
+
 #include <ZqXmlLib9/engine/Exceptions.h>
 #include <ZqXmlLib9/engine/FormatString.h>
 #include <ZqXmlLib9/engine/Nillable.h>
 #include <ZqXmlLib9/engine/XmlGeneratedClass.h>
 #include <ZqXmlLib9/xml/XmlAttribute.h>
 #include <ZqXmlLib9/xml/XmlElement.h>
-
-#include <algorithm>
 
 namespace ZqXmlLib9 {
 namespace {
@@ -43,14 +43,6 @@ void ThrowIfChildRemains(const CXmlSerializationContext& context, const CXmlElem
             FormatString(u"Failed read all the elements held within the element [%s]. The "
                          u"unexpected element [%s] remains un processed",
                          parent->GetLocalName(), cursor->GetLocalName()));
-}
-
-/// `word` is in lower case ASCII.
-bool EqualsIgnoringCase(std::u16string_view text, std::u16string_view word)
-{
-    return std::ranges::equal(text, word, [](char16_t c, char16_t lower) {
-        return (c >= u'A' && c <= u'Z' ? c - u'A' + u'a' : c) == lower;
-    });
 }
 
 }  // namespace

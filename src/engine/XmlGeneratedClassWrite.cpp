@@ -86,8 +86,7 @@ void CXmlGeneratedClass::WriteContent(CXmlWriter* writer, const CXmlSerializatio
     if (info.GetElementTextPropertyIndex() != -1) {
         ZqVariant value;
         ReadProperty(info.GetElementTextPropertyIndex(), value);
-        if (value.IsValid())
-            writer->WriteText(value.GetString(), value.GetTypeAsEnum());
+        writer->WriteText(value.GetString(), value.GetTypeAsEnum());
     }
 }
 

@@ -13,9 +13,9 @@ namespace {
 /// and few enough for the smallest stacks that threads are given.
 constexpr int kMaxNestedDestructions = 256;
 
-/// The count of an object that is being destroyed: whoever holds it for a moment in its destructor
-/// (an event does) must not bring the count to 0 again.
-constexpr std::intptr_t kDying = 0x40000000;
+/// The count of an object that is being destroyed, or waits for that: whoever holds it for a moment
+/// (its own events do) must not bring the count to 0 again.
+constexpr std::int32_t kDying = 0x40000000;
 
 /// The destructions that run on a thread, and the objects whose turn has not come yet.
 struct SDestruction {
@@ -58,41 +58,51 @@ void CXmlObjectBase::AttributesToXml_Int(CXmlWriter*, const CXmlSerializationCon
 
 std::int32_t CXmlObjectBase::AddRef() const noexcept
 {
-    return static_cast<std::int32_t>(m_holders.fetch_add(1, std::memory_order_relaxed) + 1);
+    return m_holders.fetch_add(1, std::memory_order_relaxed) + 1;
 }
 
 std::int32_t CXmlObjectBase::Release() const noexcept
 {
-    const std::intptr_t holders = m_holders.fetch_sub(1, std::memory_order_acq_rel) - 1;
+    const std::int32_t holders = m_holders.fetch_sub(1, std::memory_order_acq_rel) - 1;
     if (holders == 0)
         DestroyOrQueue();
-    return static_cast<std::int32_t>(holders);
+    return holders;
 }
 
 void CXmlObjectBase::DestroyOrQueue() const noexcept
 {
+    m_holders.store(kDying, std::memory_order_relaxed);
     SDestruction& destruction = t_destruction;
+    if (destruction.depth >= kMaxNestedDestructions) {
+        m_nextToDestroy = destruction.first;
+        destruction.first = this;
+        return;
+    }
     const auto destroy = [&](const CXmlObjectBase* object) {
-        object->m_holders.store(kDying, std::memory_order_relaxed);
         ++destruction.depth;
         delete object;
         --destruction.depth;
     };
-    if (destruction.depth >= kMaxNestedDestructions) {
-        m_holders.store(reinterpret_cast<std::intptr_t>(destruction.first),
-                        std::memory_order_relaxed);
-        destruction.first = this;
-        return;
-    }
     destroy(this);
     // Only the outermost destruction empties the queue, so that what waits gets the whole stack.
     while (destruction.depth == 0 && destruction.first != nullptr) {
         const CXmlObjectBase* const next = destruction.first;
-        const std::intptr_t link = next->m_holders.load(std::memory_order_relaxed);
-        // NOLINTNEXTLINE(performance-no-int-to-ptr): the count of an object that waits is a link
-        destruction.first = reinterpret_cast<const CXmlObjectBase*>(link);
+        destruction.first = next->m_nextToDestroy;
         destroy(next);
     }
+}
+
+CXmlObjectBase::CHold::CHold(const CXmlObjectBase& object)
+    : m_object(object.m_holders.load(std::memory_order_relaxed) > 0 ? &object : nullptr)
+{
+    if (m_object != nullptr)
+        m_object->AddRef();
+}
+
+CXmlObjectBase::CHold::~CHold()
+{
+    if (m_object != nullptr)
+        m_object->Release();
 }
 
 void CXmlObjectBase::SetElementName(const char16_t* name)

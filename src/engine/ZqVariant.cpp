@@ -70,6 +70,9 @@ void ZqVariant::Set(ItemType type, TValue&& value)
 template <typename TValue>
 const TValue& ZqVariant::Get() const
 {
+    static const TValue kNothing{};
+    if (!IsValid())
+        return kNothing;
     const TValue* const value = std::get_if<TValue>(&m_payload);
     if (value == nullptr)
         throw CZqInvalidStateException(

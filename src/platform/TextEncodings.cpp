@@ -7,16 +7,6 @@
 namespace ZqXmlLib9 {
 namespace {
 
-constexpr bool IsHighSurrogate(char32_t c)
-{
-    return c >= 0xD800 && c <= 0xDBFF;
-}
-
-constexpr bool IsLowSurrogate(char32_t c)
-{
-    return c >= 0xDC00 && c <= 0xDFFF;
-}
-
 constexpr bool IsAscii(char32_t c)
 {
     return c < 0x80;
@@ -100,6 +90,17 @@ bool ReadSequence(std::string_view text, std::size_t& index, char32_t& c)
 }
 
 }  // namespace
+
+std::size_t FindUnpairedSurrogate(std::u16string_view text)
+{
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (IsHighSurrogate(text[i]) && i + 1 < text.size() && IsLowSurrogate(text[i + 1]))
+            ++i;
+        else if (IsHighSurrogate(text[i]) || IsLowSurrogate(text[i]))
+            return i;
+    }
+    return kWholeText;
+}
 
 std::size_t AppendAsUtf8(std::u16string_view text, std::string& utf8)
 {

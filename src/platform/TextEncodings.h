@@ -12,6 +12,19 @@ namespace ZqXmlLib9 {
 
 inline constexpr std::size_t kWholeText = static_cast<std::size_t>(-1);
 
+constexpr bool IsHighSurrogate(char32_t c)
+{
+    return c >= 0xD800 && c <= 0xDBFF;
+}
+
+constexpr bool IsLowSurrogate(char32_t c)
+{
+    return c >= 0xDC00 && c <= 0xDFFF;
+}
+
+/// The index of the first code unit that is half a surrogate pair without the other, or kWholeText.
+std::size_t FindUnpairedSurrogate(std::u16string_view text);
+
 /// Appends `text` to `utf8`, up to the first unpaired surrogate.
 /// \return the index of that code unit, or kWholeText
 std::size_t AppendAsUtf8(std::u16string_view text, std::string& utf8);

@@ -51,13 +51,6 @@ std::span<const std::byte> OctetsOf(std::u16string_view text)
     return std::as_bytes(std::span(text));
 }
 
-std::span<const std::byte> OctetsOf(const unsigned char* data, std::uint32_t length)
-{
-    if (data == nullptr && length != 0)
-        throw CZqInvalidParamException(u"The data is null and its length is not 0");
-    return std::as_bytes(std::span(data, length));
-}
-
 }  // namespace
 
 std::uint32_t ToLength32(std::int64_t length)
@@ -66,6 +59,13 @@ std::uint32_t ToLength32(std::int64_t length)
         throw CZqOverFlowException(
             FormatString(u"A length of %I64d octets is out of range", length));
     return static_cast<std::uint32_t>(length);
+}
+
+std::span<const std::byte> ToOctets(const void* data, std::uint32_t length)
+{
+    if (data == nullptr && length != 0)
+        throw CZqInvalidParamException(u"The data is null and its length is not 0");
+    return {static_cast<const std::byte*>(data), length};
 }
 
 class CBinaryData::CBinaryDataBuffer {
@@ -169,8 +169,12 @@ CBinaryData::CBinaryData(unsigned char* const data, std::uint32_t length, bool t
     if (takeOwnership && data != nullptr)
         Adopt(data, length);
     else
-        m_buffer = new CBinaryDataBuffer(OctetsOf(data, length));
+        m_buffer = new CBinaryDataBuffer(ToOctets(data, length));
 }
+
+CBinaryData::CBinaryData(const unsigned char* data, std::uint32_t length)
+    : CBinaryData(ToOctets(data, length))
+{}
 
 CBinaryData::CBinaryData(std::span<const std::byte> data) : m_buffer(new CBinaryDataBuffer(data)) {}
 
@@ -238,9 +242,9 @@ void CBinaryData::Clear() noexcept
         buffer->DropHolder();
 }
 
-void CBinaryData::SetBuffer(unsigned char* const data, std::uint32_t length)
+void CBinaryData::SetBuffer(const unsigned char* data, std::uint32_t length)
 {
-    SetBuffer(OctetsOf(data, length));
+    SetBuffer(ToOctets(data, length));
 }
 
 void CBinaryData::SetBuffer(const char16_t* text)
@@ -253,9 +257,9 @@ void CBinaryData::SetBuffer(std::span<const std::byte> data)
     *this = CBinaryData(data);
 }
 
-void CBinaryData::Append(unsigned char* const data, std::uint32_t length)
+void CBinaryData::Append(const unsigned char* data, std::uint32_t length)
 {
-    Append(OctetsOf(data, length));
+    Append(ToOctets(data, length));
 }
 
 void CBinaryData::Append(std::span<const std::byte> data)
@@ -276,7 +280,7 @@ void CBinaryData::Append(std::span<const std::byte> data)
 
 void CBinaryData::Append(const CBinaryData& other)
 {
-    Append(OctetsOf(other.GetData(), other.GetLength()));
+    Append(other.GetData(), other.GetLength());
 }
 
 void CBinaryData::Append(unsigned char octet)
@@ -374,7 +378,7 @@ void CBinaryData::SetAsBase64(const char16_t* text)
 void CBinaryData::SetAsBase64(std::u16string_view text)
 {
     Clear();
-    static_cast<void>(ToLength32(text.size() / 4 * 3));
+    static_cast<void>(ToLength32(text.size() / 4 * 3 + text.size() % 4));
     std::unique_ptr<unsigned char[]> octets(new unsigned char[text.size() + 1]);
     const std::uint32_t length = CBase64().Decode(text, octets.get());
     Adopt(octets.release(), length);

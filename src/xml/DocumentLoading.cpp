@@ -15,6 +15,7 @@
 #include <ZqXmlLib9/xml/XmlElement.h>
 
 #include <atomic>
+#include <bit>
 #include <cerrno>
 #include <limits>
 #include <memory>
@@ -76,12 +77,11 @@ void CXmlDocument::LoadXml(const char16_t* text)
     const std::u16string_view view = TextOrEmpty(text);
     if (view.empty())
         throw CZqException(u"XML String is empty!");
-    // The mark tells the parser that UTF-16 in the order of this machine follows.
-    constexpr char16_t kByteOrderMark = u'\xFEFF';
-    static_cast<void>(ToLength32((view.size() + 1) * sizeof(char16_t)));
+    static_cast<void>(ToLength32(view.size() * sizeof(char16_t)));
+    static_assert(std::endian::native == std::endian::little);
     CExpatReader reader(this);
     reader.Initialise();
-    reader.ParseBuffer(std::as_bytes(std::span(&kByteOrderMark, 1)), false);
+    reader.UseUtf16(CUtf16Input::EOrder::LittleEndian);
     reader.ParseBuffer(std::as_bytes(std::span(view)), true);
 }
 
@@ -95,9 +95,9 @@ void CXmlDocument::LoadXml(const char* text)
     ParseText(std::as_bytes(std::span(view)));
 }
 
-void CXmlDocument::LoadXmlStream(unsigned char* const data, std::uint32_t length)
+void CXmlDocument::LoadXmlStream(const unsigned char* data, std::uint32_t length)
 {
-    LoadXmlStream(std::as_bytes(std::span(data, length)));
+    LoadXmlStream(ToOctets(data, length));
 }
 
 void CXmlDocument::LoadXmlStream(std::span<const std::byte> data)

@@ -1,6 +1,9 @@
 #include "ExpatReader.h"
 #include "XmlNames.h"
 
+#include "../platform/Ascii.h"
+#include "../platform/TextEncodings.h"
+
 #include <ZqXmlLib9/engine/Exceptions.h>
 #include <ZqXmlLib9/engine/FormatString.h>
 #include <ZqXmlLib9/engine/Text.h>
@@ -99,6 +102,24 @@ struct SExpatCallbacks {
         });
     }
 
+    static void XMLCALL XmlDeclaration(void* userData, const XML_Char*, const XML_Char* encoding,
+                                       int)
+    {
+        Guard(userData, [&](const CExpatReader& reader) {
+            reader.OnXmlDeclaration(TextOrEmpty(Wide(encoding)));
+        });
+    }
+
+    static void XMLCALL EntityDeclaration(void* userData, const XML_Char*, int,
+                                          const XML_Char* value, int length, const XML_Char*,
+                                          const XML_Char*, const XML_Char*, const XML_Char*)
+    {
+        if (value != nullptr)
+            Guard(userData, [&](CExpatReader& reader) {
+                reader.OnEntity({Wide(value), static_cast<std::size_t>(length)});
+            });
+    }
+
     static void XMLCALL EndNamespace(void* userData, const XML_Char*)
     {
         Guard(userData, [](CExpatReader& reader) { reader.OnEndNamespace(); });
@@ -129,11 +150,44 @@ void CExpatReader::Initialise()
     XML_SetNamespaceDeclHandler(parser, SExpatCallbacks::StartNamespace,
                                 SExpatCallbacks::EndNamespace);
     XML_SetCharacterDataHandler(parser, SExpatCallbacks::CharacterData);
+    XML_SetEntityDeclHandler(parser, SExpatCallbacks::EntityDeclaration);
     if (!m_document->GetContext().GetStripCDATA())
         XML_SetCdataSectionHandler(parser, SExpatCallbacks::StartCData, SExpatCallbacks::EndCData);
 }
 
+void CExpatReader::UseUtf16(CUtf16Input::EOrder order)
+{
+    m_isAtStart = false;
+    m_utf16.emplace(order);
+    // What the declaration names is tested by the handler, since the parser gets UTF-8.
+    constexpr XML_Char kUtf8[] = {'U', 'T', 'F', '-', '8', 0};
+    if (XML_SetEncoding(m_parser.get(), kUtf8) != XML_STATUS_OK)
+        throw std::bad_alloc();
+    XML_SetXmlDeclHandler(m_parser.get(), SExpatCallbacks::XmlDeclaration);
+}
+
 void CExpatReader::ParseBuffer(std::span<const std::byte> data, bool final)
+{
+    if (std::exchange(m_isAtStart, false))
+        if (const std::optional<CUtf16Input::EOrder> order = CUtf16Input::Detect(data))
+            UseUtf16(*order);
+    if (!m_utf16) {
+        Feed(data, final);
+        return;
+    }
+    m_utf8.clear();
+    const CUtf16Input::EOutcome outcome = m_utf16->Convert(data, final, m_utf8);
+    const bool isGood = outcome == CUtf16Input::EOutcome::Good;
+    Feed(std::as_bytes(std::span(m_utf8)), final && isGood);
+    if (!isGood)
+        throw CZqException(FormatString(u"%S at line %I64d",
+                                        XML_ErrorString(outcome == CUtf16Input::EOutcome::Cut
+                                                            ? XML_ERROR_PARTIAL_CHAR
+                                                            : XML_ERROR_INVALID_TOKEN),
+                                        m_utf16->GetLine()));
+}
+
+void CExpatReader::Feed(std::span<const std::byte> data, bool final)
 {
     do {
         const std::span<const std::byte> piece = data.first(std::min(data.size(), kMaxPiece));
@@ -170,6 +224,11 @@ void CExpatReader::OnStartElement(std::u16string_view name, const char16_t* cons
             : m_document->AddChildElement(elementName.uri, elementName.localName);
     for (; *attributes != nullptr; attributes += 2) {
         const SName attributeName = SplitName(attributes[0]);
+        // The defect that Utf16Input.h tells of is left where an attribute refers to an entity.
+        if (FindUnpairedSurrogate(attributes[1]) != kWholeText)
+            throw CZqException(FormatString(
+                u"The value of the attribute [%s] can not be read, the parser cut a character",
+                attributeName.localName));
         CXmlDocument::AddElementAttribute(element, attributeName.localName, attributes[1],
                                           attributeName.uri);
     }
@@ -202,6 +261,22 @@ void CExpatReader::OnStartNamespace(std::u16string_view prefix, std::u16string_v
 }
 
 void CExpatReader::OnEndNamespace() {}
+
+void CExpatReader::OnXmlDeclaration(std::u16string_view encoding) const
+{
+    const bool isLittle = m_utf16->GetOrder() == CUtf16Input::EOrder::LittleEndian;
+    if (!encoding.empty() && !EqualsIgnoringCase(encoding, u"utf-16")
+        && !EqualsIgnoringCase(encoding, isLittle ? u"utf-16le" : u"utf-16be"))
+        throw CZqException(u"incorrect encoding at line 1");
+}
+
+void CExpatReader::OnEntity(std::u16string_view text)
+{
+    // Expat up to 2.6 expands an entity within an entity on the stack, as deep as a document likes.
+    const int levels = m_document->GetContext().GetMaxDepth();
+    if (text.find(u'&') != std::u16string_view::npos && ++m_nestingEntities > levels)
+        throw CZqException(FormatString(u"The document is nested deeper than %d levels", levels));
+}
 
 void CExpatReader::FlushText()
 {

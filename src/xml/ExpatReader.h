@@ -1,14 +1,18 @@
 // Turns the callbacks of Expat into the building of a tree.
 //
-// Expat is used in its 16-bit build, whose names and texts are UTF-16. Comments and processing
-// instructions have no handler, external entities neither: they vanish.
+// Expat is used in its 16-bit build, whose names and texts are UTF-16; a document in UTF-16 reaches
+// it as UTF-8 all the same (see Utf16Input.h). Comments and processing instructions have no handler,
+// external entities neither: they vanish.
 #pragma once
+
+#include "Utf16Input.h"
 
 #include <ZqXmlLib9/engine/InstanceMonitor.h>
 
 #include <cstddef>
 #include <exception>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -30,6 +34,10 @@ public:
     /// Makes the parser, by the settings of the document and its context.
     void Initialise();
 
+    /// Takes the document for UTF-16, whatever it begins with; without this call the first piece
+    /// decides.
+    void UseUtf16(CUtf16Input::EOrder order);
+
     /// Parses the next piece of the document; `final` says that it is the last.
     /// \throws CZqException  "%s at line %d"; and whatever the building of the tree threw
     void ParseBuffer(std::span<const std::byte> data, bool final);
@@ -48,12 +56,19 @@ private:
     void OnEndCData();
     void OnStartNamespace(std::u16string_view prefix, std::u16string_view uri);
     void OnEndNamespace();
+    void OnXmlDeclaration(std::u16string_view encoding) const;
+    void OnEntity(std::u16string_view text);
 
+    void Feed(std::span<const std::byte> data, bool final);
     void FlushText();
     [[noreturn]] void ThrowParserError();
 
     CXmlDocument* m_document;
     std::unique_ptr<XML_ParserStruct, SFreeParser> m_parser;
+    bool m_isAtStart = true;
+    std::optional<CUtf16Input> m_utf16;
+    std::string m_utf8;  ///< the piece at hand of a document in UTF-16
+    int m_nestingEntities = 0;
     /// Character data since the last tag: Expat delivers it in pieces, at every line end and
     /// entity, and the element takes it in one.
     std::u16string m_text;

@@ -98,9 +98,10 @@ void CXmlDocument::EndElement()
 {
     CXmlElement* const element = GetOpenElement();
     m_openElements.pop_back();
-    if (m_filter == nullptr || m_openElements.empty())
+    if (m_filter == nullptr)
         return;
-    if (m_filter(element))
+    const bool isClaimed = m_filter(element);
+    if (isClaimed && !m_openElements.empty())
         GetOpenElement()->RemoveLastChildElement().reset();
 }
 

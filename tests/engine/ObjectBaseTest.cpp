@@ -121,6 +121,7 @@ public:
     }
     void Add(void* item)
     {
+        const CHold hold(*this);
         FireOnCollectionAdd(item);
         ++m_count;
         FireOnCollectionAddComplete(item);
@@ -201,6 +202,19 @@ TEST(Events, ListenersMayComeAndGoInTheMiddle)
     EXPECT_EQ(late.m_log, "20");
 }
 
+TEST(Events, TheCollectionOutlivesItsOwn)
+{
+    CSmartPtr<CCounting> collection = new CCounting(0, -1);
+    CListener first;
+    CListener second;
+    collection->AddEventListener(&first);
+    collection->AddEventListener(&second);
+    first.m_onEvent = [&] { collection = nullptr; };
+    collection->Add(nullptr);
+    EXPECT_EQ(first.m_log, "120");
+    EXPECT_EQ(second.m_log, "120");
+}
+
 TEST(Counts, AreTestedAgainstBothBounds)
 {
     const CXmlSerializationContext strict;
@@ -254,7 +268,9 @@ TEST(Copy, HasItsOwnCount)
 TEST(CleanMetaData, FreesAndNulls)
 {
     auto* parent = new CParentElementInfo(Info());
-    auto** elements = new CElementInfo* [] { new CMemberInfo(u"a", 0, true), nullptr };
+    auto** elements = new CElementInfo* [] {
+        new CElementInfoSeqClsCol(u"a", u"", 0, XmlElementType_Element), nullptr
+    };
     CAttributeInfo** attributes = nullptr;
     CCustom::CleanMetaData(parent, elements, attributes);
     EXPECT_EQ(parent, nullptr);

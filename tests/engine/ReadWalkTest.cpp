@@ -109,7 +109,7 @@ class Choice : public testing::TestWithParam<SCase> {};
 TEST_P(Choice, ReadsOrFails)
 {
     CClass type(Info(XmlElementGroupType_Choice));
-    type.Element<CMemberInfo>(u"a", 0, false).Element<CMemberInfo>(u"b", 1, false);
+    type.Text<CElementInfoChoicePrimOpt>(u"a", 0).Text<CElementInfoChoicePrimOpt>(u"b", 1);
     const CSmartPtr<CCustom> object = new CCustom(type);
     EXPECT_EQ(Read(*object, GetParam().xml, GetParam().flags), GetParam().outcome);
 }
@@ -117,12 +117,31 @@ TEST_P(Choice, ReadsOrFails)
 INSTANTIATE_TEST_SUITE_P(
     Members, Choice,
     testing::Values(SCase{"Second", None, "<r><b>2</b></r>", "1=2"},
+                    SCase{"OptionalMembersMayAllBeAbsent", None, "<r/>", ""},
+                    SCase{"Unknown", None, "<r><x/></r>", kLeftover},
+                    SCase{"Leftover", None, "<r><a>1</a><x/></r>", kLeftover},
+                    SCase{"Scans", UnknownElements, "<r><x/><x/><b>2</b><x/></r>", "1=2"},
+                    SCase{"ScansToTheEnd", UnknownElements, "<r><x/></r>", ""}),
+    kRowName);
+
+class ChoiceOfCollection : public testing::TestWithParam<SCase> {};
+
+TEST_P(ChoiceOfCollection, NeedsAMemberUnlessIgnored)
+{
+    CClass type(Info(XmlElementGroupType_Choice));
+    type.Element<CElementInfoChoiceClsCol>(u"item", u"", 0, XmlElementType_Element);
+    const CSmartPtr<CCustom> object = new CCustom(type);
+    (*object)[0] = CollectionValue(new CItemCol(u"item", u"", 1, -1));
+    EXPECT_EQ(Read(*object, GetParam().xml, GetParam().flags), GetParam().outcome);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Members, ChoiceOfCollection,
+    testing::Values(SCase{"Run", None, "<r><item/><item/></r>", ""},
                     SCase{"None", None, "<r/>", kNoChoice},
                     SCase{"Unknown", None, "<r><x/></r>", kNoChoice},
-                    SCase{"Leftover", None, "<r><a>1</a><x/></r>", kLeftover},
                     SCase{"NoneIgnored", MissingChoice, "<r/>", ""},
                     SCase{"UnknownThenLeftover", MissingChoice, "<r><x/></r>", kLeftover},
-                    SCase{"Scans", UnknownElements, "<r><x/><x/><b>2</b><x/></r>", "1=2"},
                     SCase{"ScansToTheEnd", UnknownElements, "<r><x/></r>", kNoChoice}),
     kRowName);
 
@@ -131,14 +150,15 @@ class All : public testing::TestWithParam<SCase> {};
 TEST_P(All, ReadsOrFails)
 {
     CClass type(Info(XmlElementGroupType_All));
-    type.Element<CMemberInfo>(u"a", 0, true)
-        .Element<CMemberInfo>(u"b", 1, false)
-        .Element<CMemberInfo>(u"c", 2, true);
+    type.Text<CElementInfoAllPrimMnd>(u"a", 0)
+        .Text<CElementInfoAllPrimOpt>(u"b", 1)
+        .Text<CElementInfoAllPrimMnd>(u"c", 2);
     const CSmartPtr<CCustom> object = new CCustom(type);
     EXPECT_EQ(Read(*object, GetParam().xml, GetParam().flags), GetParam().outcome);
 }
 
-constexpr const char* kNoC = "Failed to process the element [r]\nmissing c";
+constexpr const char* kNoC =
+    "Failed to process the element [r]\nFailed to find the mandatory element [c]";
 
 INSTANTIATE_TEST_SUITE_P(
     Orders, All,
@@ -153,10 +173,11 @@ INSTANTIATE_TEST_SUITE_P(
                           "0=1 2=3"}),
     kRowName);
 
-/// A sequence of a group without a tag, the row's flags and group type, and a trailing element z.
+/// A sequence of an element `first`, a group without a tag of a and b, and an element z.
 struct SPseudoCase {
     const char* name;
     XmlElementGroupType group;
+    bool hasRequiredContent;
     unsigned flags;
     const char* xml;
     const char* log;      ///< of the group
@@ -168,13 +189,18 @@ class PseudoGroup : public testing::TestWithParam<SPseudoCase> {};
 TEST_P(PseudoGroup, GivesTheCursorBackOnAMiss)
 {
     CClass groupType(Info(GetParam().group, XmlElementType_Pseudo));
-    if (GetParam().group == XmlElementGroupType_Sequence)
-        groupType.Text(u"a", 0).Text(u"b", 1);
-    else
-        groupType.Element<CMemberInfo>(u"a", 0, true).Element<CMemberInfo>(u"b", 1, true);
+    switch (GetParam().group) {
+    case XmlElementGroupType_Sequence: groupType.Text(u"a", 0).Text(u"b", 1); break;
+    case XmlElementGroupType_Choice:
+        groupType.Text<CElementInfoChoicePrimOpt>(u"a", 0).Text<CElementInfoChoicePrimOpt>(u"b", 1);
+        break;
+    case XmlElementGroupType_All:
+        groupType.Text<CElementInfoAllPrimMnd>(u"a", 0).Text<CElementInfoAllPrimMnd>(u"b", 1);
+        break;
+    }
     CClass type(Info());
-    type.Element<CMemberInfo>(u"first", 1, false)
-        .Element<CChildInfo>(u"group", 0, XmlElementType_Pseudo)
+    type.Text(u"first", 1)
+        .Child(u"group", 0, XmlElementType_Pseudo, u"", GetParam().hasRequiredContent)
         .Text(u"z", 2);
     const CSmartPtr<CCustom> group = new CCustom(groupType, u"group");
     const CSmartPtr<CCustom> object = new CCustom(type);
@@ -183,24 +209,41 @@ TEST_P(PseudoGroup, GivesTheCursorBackOnAMiss)
     EXPECT_EQ(group->m_log, GetParam().log);
 }
 
-/// A record that finds nothing and doesn't fail ends the walk of its sequence without a failure.
-constexpr const char* kGroupMissed = "1=0";
+constexpr const char* kNoZ =
+    "Failed to process the element [r]\nFailed to find a required element [z]";
+constexpr const char* kNoGroup =
+    "Failed to process the element [r]\nFailed to find a required element [group]";
+constexpr auto kSequence = XmlElementGroupType_Sequence;
+constexpr auto kChoice = XmlElementGroupType_Choice;
+constexpr auto kAll = XmlElementGroupType_All;
 
 INSTANTIATE_TEST_SUITE_P(
     Kinds, PseudoGroup,
     testing::Values(
-        SPseudoCase{"Sequence", XmlElementGroupType_Sequence, None,
+        SPseudoCase{"Sequence", kSequence, true, None,
                     "<r><first>0</first><a>1</a><b>2</b><z>3</z></r>", "init;set 0;set 1;",
                     "1=0 2=3"},
-        SPseudoCase{"SequenceCutShort", XmlElementGroupType_Sequence, None,
-                    "<r><first>0</first><a>1</a><z>3</z></r>", "init;set 0;", kGroupMissed},
-        SPseudoCase{"Choice", XmlElementGroupType_Choice, None,
-                    "<r><first>0</first><b>2</b><z>3</z></r>", "init;set 1;", "1=0 2=3"},
-        SPseudoCase{"All", XmlElementGroupType_All, None,
-                    "<r><first>0</first><b>2</b><a>1</a><z>3</z></r>", "init;set 1;set 0;",
+        SPseudoCase{"SequenceCutShort", kSequence, false, None,
+                    "<r><first>0</first><a>1</a><z>3</z></r>", "init;set 0;", kNoZ},
+        SPseudoCase{"SequenceCutShortRequired", kSequence, true, None,
+                    "<r><first>0</first><a>1</a><z>3</z></r>", "init;set 0;", kNoGroup},
+        SPseudoCase{"SequenceAbsent", kSequence, false, None, "<r><first>0</first><z>3</z></r>",
+                    "init;", "1=0 2=3"},
+        SPseudoCase{"NothingLeft", kSequence, false, None, "<r><first>0</first></r>", "init;",
+                    kNoZ},
+        SPseudoCase{"NothingLeftRequired", kSequence, true, None, "<r><first>0</first></r>", "",
+                    kNoGroup},
+        SPseudoCase{"ComesAgainBehindUnknown", kSequence, false, UnknownElements,
+                    "<r><first>0</first><x/><a>1</a><x/><b>2</b><z>3</z></r>", "init;set 0;set 1;",
                     "1=0 2=3"},
-        SPseudoCase{"AllCutShort", XmlElementGroupType_All, None,
-                    "<r><first>0</first><b>2</b><z>3</z></r>", "init;set 1;", kGroupMissed}),
+        SPseudoCase{"Choice", kChoice, true, None, "<r><first>0</first><b>2</b><z>3</z></r>",
+                    "init;set 1;", "1=0 2=3"},
+        SPseudoCase{"ChoiceAbsent", kChoice, false, None, "<r><first>0</first><z>3</z></r>",
+                    "init;", "1=0 2=3"},
+        SPseudoCase{"All", kAll, true, None, "<r><first>0</first><b>2</b><a>1</a><z>3</z></r>",
+                    "init;set 1;set 0;", "1=0 2=3"},
+        SPseudoCase{"AllCutShort", kAll, true, None, "<r><first>0</first><b>2</b><z>3</z></r>",
+                    "init;set 1;", kNoGroup}),
     kRowName);
 
 struct SAttributeCase {
@@ -215,8 +258,7 @@ class Attributes : public testing::TestWithParam<SAttributeCase> {};
 TEST_P(Attributes, AreOfferedThenValidated)
 {
     CClass type(Info());
-    type.Attribute<CTextAttributeInfo>(u"id", 0, false)
-        .Attribute<CTextAttributeInfo>(u"lang", 1, true);
+    type.TextAttribute(u"id", 0, false).TextAttribute(u"lang", 1, true);
     const CSmartPtr<CCustom> object = new CNillableCustom(type);
     const std::string xml = std::string("<r ") + GetParam().attributes + "/>";
     EXPECT_EQ(Read(*object, xml.c_str(), GetParam().flags), GetParam().outcome);
@@ -226,29 +268,31 @@ TEST_P(Attributes, AreOfferedThenValidated)
 
 INSTANTIATE_TEST_SUITE_P(
     Offered, Attributes,
-    testing::Values(SAttributeCase{"AnyOrder", None, "lang='de' id='1'", "0=1 1=de"},
-                    SAttributeCase{"RequiredMissing", None, "lang='de'",
-                                   "Failed to process the element [r]\nno attribute id"},
-                    SAttributeCase{"NoFlagHelps", UnknownAttributes | UnknownElements, "",
-                                   "Failed to process the element [r]\nno attribute id"},
-                    SAttributeCase{
-                        "Unknown", None, "id='1' x='2'",
-                        "Failed to process the element [r]\nUnexpected Attribute [x] found."},
-                    SAttributeCase{"UnknownIgnored", UnknownAttributes, "id='1' x='2'", "0=1"},
-                    SAttributeCase{"MachineryPassesBy", None,
-                                   XSI "id='1' xsi:type='t' xsi:schemaLocation='a b' "
-                                       "xsi:noNamespaceSchemaLocation='c'",
-                                   "0=1"},
-                    SAttributeCase{"NilFalse", None, XSI "id='1' xsi:nil='FALSE'", "0=1"},
-                    SAttributeCase{"NilOne", UnknownAttributes, XSI "id='1' xsi:nil='1'",
-                                   "Failed to process the element [r]\n"
-                                   "Unexpected Value for Attribute [nil] found."}),
+    testing::Values(
+        SAttributeCase{"AnyOrder", None, "lang='de' id='1'", "0=1 1=de"},
+        SAttributeCase{
+            "RequiredMissing", None, "lang='de'",
+            "Failed to process the element [r]\nFailed to find the required Attribute [id]"},
+        SAttributeCase{
+            "NoFlagHelps", UnknownAttributes | UnknownElements, "",
+            "Failed to process the element [r]\nFailed to find the required Attribute [id]"},
+        SAttributeCase{"Unknown", None, "id='1' x='2'",
+                       "Failed to process the element [r]\nUnexpected Attribute [x] found."},
+        SAttributeCase{"UnknownIgnored", UnknownAttributes, "id='1' x='2'", "0=1"},
+        SAttributeCase{"MachineryPassesBy", None,
+                       XSI "id='1' xsi:type='t' xsi:schemaLocation='a b' "
+                           "xsi:noNamespaceSchemaLocation='c'",
+                       "0=1"},
+        SAttributeCase{"NilFalse", None, XSI "id='1' xsi:nil='FALSE'", "0=1"},
+        SAttributeCase{"NilOne", UnknownAttributes, XSI "id='1' xsi:nil='1'",
+                       "Failed to process the element [r]\n"
+                       "Unexpected Value for Attribute [nil] found."}),
     kRowName);
 
 TEST(NilElement, ReadsAttributesAndNoContent)
 {
     CClass type(Info(XmlElementGroupType_Sequence, XmlElementType_Element, 3));
-    type.Text(u"a", 0).Attribute<CTextAttributeInfo>(u"id", 1, false);
+    type.Text(u"a", 0).TextAttribute(u"id", 1, false);
     const CSmartPtr<CNillableCustom> object = new CNillableCustom(type);
     EXPECT_EQ(Read(*object, "<r " XSI "xsi:nil='TRUE' id='7'>text<strange/></r>", None), "1=7");
     EXPECT_TRUE(object->IsNil());
@@ -280,9 +324,9 @@ TEST(Chain, NamesEveryElementFromTheRoot)
     CClass inner(Info());
     inner.Text(u"leaf", 0);
     CClass middle(Info());
-    middle.Element<CChildInfo>(u"inner", 0, XmlElementType_Element);
+    middle.Child(u"inner", 0);
     CClass outer(Info());
-    outer.Element<CChildInfo>(u"middle", 0, XmlElementType_Element);
+    outer.Child(u"middle", 0);
     const CSmartPtr<CCustom> innerObject = new CCustom(inner);
     const CSmartPtr<CCustom> middleObject = new CCustom(middle);
     const CSmartPtr<CCustom> object = new CCustom(outer);
@@ -311,7 +355,7 @@ TEST(MoreRecordsThanAWord, EachHasItsFlag)
     for (int i = 69; i >= 0; --i)
         xml += "<e" + std::to_string(i) + "/>";
     for (int i = 0; i < 70; ++i)
-        type.Element<CMemberInfo>(ToUtf16("e" + std::to_string(i)).c_str(), i % 8, true);
+        type.Text<CElementInfoAllPrimMnd>(ToUtf16("e" + std::to_string(i)).c_str(), i % 8);
     const CSmartPtr<CCustom> object = new CCustom(type);
     EXPECT_NO_THROW(object->FromXml((xml + "</r>").c_str()));
     EXPECT_THROW(object->FromXml((xml + "<e69/></r>").c_str()), CZqValidationException);

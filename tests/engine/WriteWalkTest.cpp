@@ -20,7 +20,7 @@ std::string Write(const CSmartPtr<CCustom>& object,
 TEST(RootPrologue, StandsInItsOrder)
 {
     CClass type(Info(), u"urn:m");
-    type.Text(u"a", 0, u"urn:m").Attribute<CTextAttributeInfo>(u"id", 1, true);
+    type.Text(u"a", 0, u"urn:m").TextAttribute(u"id", 1, true);
     const CSmartPtr<CCustom> object = new CCustom(type);
     (*object)[0] = TextValue(u"1");
     (*object)[1] = TextValue(u"7");
@@ -45,7 +45,7 @@ TEST(RootPrologue, IsNotRepeatedForChildren)
 {
     CClass childType(Info());
     CClass type(Info());
-    type.Element<CChildInfo>(u"child", 0, XmlElementType_Element, u"urn:c");
+    type.Child(u"child", 0, XmlElementType_Element, u"urn:c");
     const CSmartPtr<CCustom> child = new CCustom(childType, u"child");
     const CSmartPtr<CCustom> object = new CCustom(type);
     (*object)[0] = ObjectValue(child.Get());
@@ -69,7 +69,7 @@ TEST_P(XsiType, StandsForADerivedClassUnderAnotherName)
 {
     CClass type(
         Info(XmlElementGroupType_Sequence, XmlElementType_Element, -1, GetParam().hasBaseClasses));
-    type.Attribute<CTextAttributeInfo>(u"id", 0, true);
+    type.TextAttribute(u"id", 0, true);
     const CSmartPtr<CCustom> object = new CCustom(type, GetParam().elementName);
     (*object)[0] = TextValue(u"7");
     CXmlSerializationContext context;
@@ -92,7 +92,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(NilObject, WritesAttributesAndNoContent)
 {
     CClass type(Info(XmlElementGroupType_Sequence, XmlElementType_Element, 2));
-    type.Text(u"a", 0).Attribute<CTextAttributeInfo>(u"id", 1, false);
+    type.Text(u"a", 0).TextAttribute(u"id", 1, false);
     const CSmartPtr<CNillableCustom> object = new CNillableCustom(type);
     (*object)[0] = (*object)[1] = (*object)[2] = TextValue(u"x");
     EXPECT_EQ(Write(object.Get()), "<root id=\"x\"><a>x</a>x</root>");
@@ -107,14 +107,13 @@ TEST(NilObject, WritesAttributesAndNoContent)
 TEST(Group, WritesChildrenAndTextInsideAndAttributesOnTheEnclosingTag)
 {
     CClass innerType(Info(XmlElementGroupType_Sequence, XmlElementType_Pseudo));
-    innerType.Attribute<CTextAttributeInfo>(u"deep", 0, true);
+    innerType.TextAttribute(u"deep", 0, true);
     CClass groupType(Info(XmlElementGroupType_Sequence, XmlElementType_Pseudo, 2));
     groupType.Text(u"g", 0)
-        .Element<CChildInfo>(u"inner", 3, XmlElementType_Pseudo)
-        .Attribute<CTextAttributeInfo>(u"outer", 1, true);
+        .Child(u"inner", 3, XmlElementType_Pseudo)
+        .TextAttribute(u"outer", 1, true);
     CClass type(Info());
-    type.Element<CChildInfo>(u"group", 0, XmlElementType_Pseudo)
-        .Attribute<CTextAttributeInfo>(u"own", 1, true);
+    type.Child(u"group", 0, XmlElementType_Pseudo).TextAttribute(u"own", 1, true);
     const CSmartPtr<CCustom> inner = new CCustom(innerType);
     const CSmartPtr<CCustom> group = new CCustom(groupType);
     const CSmartPtr<CCustom> object = new CCustom(type);
@@ -131,8 +130,24 @@ TEST(Group, WritesChildrenAndTextInsideAndAttributesOnTheEnclosingTag)
 TEST(ChoiceOutput, WritesTheFirstMemberThatIsSet)
 {
     CClass type(Info(XmlElementGroupType_Choice));
-    type.Element<CMemberInfo>(u"a", 0, false).Element<CMemberInfo>(u"b", 1, false);
+    type.Text<CElementInfoChoicePrimOpt>(u"a", 0).Text<CElementInfoChoicePrimOpt>(u"b", 1);
     const CSmartPtr<CCustom> object = new CCustom(type);
+    EXPECT_EQ(Write(object), "<root/>") << "with an optional member a choice may be empty";
+    (*object)[1] = TextValue(u"2");
+    EXPECT_EQ(Write(object), "<root><b>2</b></root>");
+    (*object)[0] = TextValue(u"1");
+    EXPECT_EQ(Write(object), "<root><a>1</a></root>");
+}
+
+TEST(ChoiceOutput, NeedsAMemberUnlessIgnored)
+{
+    CClass type(Info(XmlElementGroupType_Choice));
+    type.Element<CElementInfoChoiceClsCol>(u"item", u"", 0, XmlElementType_Element)
+        .Element<CElementInfoChoiceClsCol>(u"item", u"urn:i", 1, XmlElementType_Element);
+    const CSmartPtr<CCustom> object = new CCustom(type);
+    const CSmartPtr<CItemCol> second = new CItemCol(u"item", u"urn:i", 2, -1);
+    (*object)[0] = CollectionValue(new CItemCol(u"item", u"", 1, -1));
+    (*object)[1] = CollectionValue(second.Get());
     EXPECT_EQ(MessageOf<CZqValidationException>([&] { Write(object); }),
               "Failed to convert the element [root] to XML\n"
               "This element is a choice, and as such must have at one (and only one) valid item, "
@@ -140,18 +155,18 @@ TEST(ChoiceOutput, WritesTheFirstMemberThatIsSet)
     CXmlSerializationContext context;
     context.SetIgnoreMissingChoice(true);
     EXPECT_EQ(Write(object, context), "<root/>");
-    (*object)[1] = TextValue(u"2");
-    EXPECT_EQ(Write(object), "<root><b>2</b></root>");
-    (*object)[0] = TextValue(u"1");
-    EXPECT_EQ(Write(object), "<root><a>1</a></root>");
+    second->AddNew();
+    EXPECT_EQ(Write(object), "<root><AA:item xmlns:AA=\"urn:i\"/></root>")
+        << "a choice doesn't test counts on output";
+    (*object)[0] = CollectionValue(new CItemCol(u"item", u"", 0, -1));
+    second->Clear();
+    EXPECT_EQ(Write(object), "<root/>") << "a collection whose minimum is 0 may be empty";
 }
 
 TEST(ValuesWithoutContent, WriteNothing)
 {
     CClass type(Info(XmlElementGroupType_All));
-    type.Text(u"unset", 0)
-        .Text(u"empty", 1)
-        .Element<CChildInfo>(u"null", 2, XmlElementType_Element);
+    type.Text(u"unset", 0).Text(u"empty", 1).Child(u"null", 2);
     const CSmartPtr<CCustom> object = new CCustom(type);
     (*object)[1] = TextValue(u"");
     (*object)[2] = ObjectValue(nullptr);
@@ -161,9 +176,9 @@ TEST(ValuesWithoutContent, WriteNothing)
 TEST(FailureBelow, IsWrappedAtEachElementAndAtAttributes)
 {
     /// An attribute that can't be written.
-    class CBroken : public CTextAttributeInfo {
+    class CBroken : public CAttributeInfo {
     public:
-        CBroken() : CTextAttributeInfo(u"broken", 0, true) {}
+        CBroken() : CAttributeInfo(u"broken", u"", 0, true, nullptr) {}
 
     protected:
         void AttributeToXml(const CXmlSerializationContext&, const CXmlGeneratedClass*,
@@ -171,11 +186,17 @@ TEST(FailureBelow, IsWrappedAtEachElementAndAtAttributes)
         {
             throw CZqInvalidStateException(u"broken");
         }
+        bool AttributeFromXml(const CXmlSerializationContext&, CXmlGeneratedClass*,
+                              CXmlAttribute*) override
+        {
+            return false;
+        }
+        void Validate(const CXmlSerializationContext&, bool) const override {}
     };
     CClass innerType(Info());
     innerType.Attribute<CBroken>();
     CClass type(Info());
-    type.Element<CChildInfo>(u"inner", 0, XmlElementType_Element);
+    type.Child(u"inner", 0);
     const CSmartPtr<CCustom> inner = new CCustom(innerType, u"inner");
     const CSmartPtr<CCustom> object = new CCustom(type);
     (*object)[0] = ObjectValue(inner.Get());
@@ -198,7 +219,7 @@ TEST(Restrictions, AreTestedOnOutputOnly)
     EXPECT_EQ(U8((*object)[0].GetString()), "long text");
     EXPECT_THROW(Write(object), CZqValidationException);
 
-    const CChildInfo untyped(u"a", 0, XmlElementType_Element);
+    const CElementInfoSeqClsCol untyped(u"a", u"", 0, XmlElementType_Element);
     EXPECT_EQ(MessageOf([&] { untyped.CheckRestriction(TextValue(u"any")); }),
               "Cannot CheckRestriction for type: string");
     class CPlain : public CElementInfoSeqPrimMnd {
@@ -235,7 +256,7 @@ class Depth : public testing::TestWithParam<SDepthCase> {};
 TEST_P(Depth, IsLimitedByTheContext)
 {
     CClass type(Info(XmlElementGroupType_Sequence, GetParam().type));
-    type.Element<CChildInfo>(u"e", 0, GetParam().type);
+    type.Child(u"e", 0, GetParam().type);
     EXPECT_NO_THROW(Nest(type, 1024)->ToXml());
     const std::string failure =
         MessageOf<CZqValidationException>([&] { Nest(type, 1025)->ToXml(); });

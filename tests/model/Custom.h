@@ -15,6 +15,21 @@ using namespace ZqXmlLib9Data;
 using ZqXmlLib9::CXmlGeneratedClass;
 using ZqXmlLib9::ZqVariant;
 
+/// An enumeration: the words of the numbers from 0; an unknown word fails.
+inline const char16_t* ColourToString(int value)
+{
+    static constexpr const char16_t* kWords[] = {u"red", u"green", u"blue"};
+    return kWords[value];
+}
+
+inline int ColourFromString(const char16_t* text)
+{
+    for (int i = 0; i < 3; ++i)
+        if (std::u16string_view(text) == ColourToString(i))
+            return i;
+    throw ZqXmlLib9::CZqInvalidValueException(u"no colour");
+}
+
 /// The metadata of one class.
 class CClass {
 public:
@@ -38,12 +53,36 @@ public:
         return *this;
     }
 
-    /// A mandatory string of a sequence.
+    /// A string.
+    template <typename TInfo = CElementInfoSeqPrimMnd>
     CClass& Text(const char16_t* name, int index, const char16_t* ns = u"")
     {
-        return Element<CElementInfoSeqPrimMnd>(name, ns, index, ZqXmlLib9::ItemType_string, nullptr,
-                                               CWhitespaceUtils::WhitespaceRule_None,
-                                               CPrimitiveRestrictions());
+        return Element<TInfo>(name, ns, index, ZqXmlLib9::ItemType_string, nullptr,
+                              CWhitespaceUtils::WhitespaceRule_None, CPrimitiveRestrictions());
+    }
+
+    /// An enumeration.
+    template <typename TInfo>
+    CClass& Colour(const char16_t* name, int index)
+    {
+        return Element<TInfo>(name, u"", index, ColourToString, ColourFromString);
+    }
+
+    /// An object that always exists.
+    CClass& Child(const char16_t* name, int index, XmlElementType type = XmlElementType_Element,
+                  const char16_t* ns = u"", bool hasRequiredContent = false)
+    {
+        return Element<CElementInfoSeqClsMnd>(name, ns, index, type, nullptr, 0,
+                                              hasRequiredContent);
+    }
+
+    /// A string attribute.
+    CClass& TextAttribute(const char16_t* name, int index, bool optional,
+                          const char16_t* defaultValue = nullptr)
+    {
+        return Attribute<CAttributeInfoPrimitive>(
+            name, u"", index, optional, ZqXmlLib9::ItemType_string, nullptr,
+            CWhitespaceUtils::WhitespaceRule_None, CPrimitiveRestrictions(), defaultValue);
     }
 
 private:
@@ -137,123 +176,26 @@ inline ZqVariant ObjectValue(ZqXmlLib9::CXmlObjectBase* object)
     return value;
 }
 
-/// A record of a member that may stand or not: what choices and all groups are made of.
-class CMemberInfo : public CElementInfoSeq {
+/// An item of a collection: an element with a text.
+class CItem : public CCustom {
 public:
-    CMemberInfo(const char16_t* name, int index, bool isMandatory)
-        : CElementInfoSeq(name, u"", index, ZqXmlLib9::ItemType_string, nullptr,
-                          CWhitespaceUtils::WhitespaceRule_None, CPrimitiveRestrictions()),
-          m_isMandatory(isMandatory)
-    {}
-
-protected:
-    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* object,
-                      CXmlWriter* writer) const override
-    {
-        return ElementToXmlPrimOpt(context, object, writer);
-    }
-
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement*, CXmlElement** cursor, const char16_t*,
-                        XmlElementType) override
-    {
-        if (!IsThisElement(context, *cursor))
-            return false;
-        TakePrim(object, cursor);
-        return true;
-    }
-
-    bool Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*, bool found,
-                  bool failIfMissing) const override
-    {
-        if (m_isMandatory && !found && failIfMissing)
-            throw ZqXmlLib9::CZqValidationException(u"missing " + GetElementName());
-        return found || !m_isMandatory;
-    }
+    explicit CItem(const char16_t* text = u"") : CCustom(Type(), u"item", {TextValue(text)}) {}
 
 private:
-    bool m_isMandatory;
-};
-
-/// A record of a child that is held by its parent: an element, or a group without a tag.
-class CChildInfo : public CElementInfoSeq {
-public:
-    CChildInfo(const char16_t* name, int index, XmlElementType type, const char16_t* ns = u"")
-        : CElementInfoSeq(name, ns, index), m_type(type)
-    {}
-
-protected:
-    bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* object,
-                      CXmlWriter* writer) const override
+    static CClass& Type()
     {
-        return ElementToXmlCls(context, object, writer, false);
-    }
-
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t*,
-                        XmlElementType) override
-    {
-        ZqVariant value;
-        AccessProperty(object, true, value);
-        CXmlObjectBase* const child = value.GetXmlObject().Get();
-        if (m_type == XmlElementType_Pseudo) {
-            CXmlElement* const next = FromXml_Int(child, parent, *cursor, context, false);
-            return std::exchange(*cursor, next) != next;
-        }
-        if (!IsThisElement(context, *cursor))
-            return false;
-        FromXml_Int(child, *cursor, (*cursor)->GetFirstElement(), context, false);
-        *cursor = (*cursor)->GetNextSiblingElement();
-        return true;
-    }
-
-    void PseudoChildAttributeToXml(const CXmlSerializationContext& context,
-                                   const CXmlGeneratedClass* object,
-                                   CXmlWriter* writer) const override
-    {
-        ZqVariant value;
-        ReadProperty(object, value);
-        if (m_type == XmlElementType_Pseudo)
-            AttributesToXml_Int(value.GetXmlObject().Get(), writer, context);
-    }
-
-private:
-    XmlElementType m_type;
-};
-
-/// A record of an attribute with a string as its value.
-class CTextAttributeInfo : public CAttributeInfo {
-public:
-    CTextAttributeInfo(const char16_t* name, int index, bool optional)
-        : CAttributeInfo(name, u"", index, optional, nullptr)
-    {}
-
-protected:
-    void AttributeToXml(const CXmlSerializationContext&, const CXmlGeneratedClass* object,
-                        CXmlWriter* writer) const override
-    {
-        ZqVariant value;
-        ReadProperty(object, value);
-        if (value.IsValid())
-            writer->WriteAttribute(GetAttributeName(), GetAttributeNamespace(), value.GetString(),
-                                   value.GetTypeAsEnum());
-    }
-
-    bool AttributeFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                          CXmlAttribute* attribute) override
-    {
-        if (!IsThisAttribute(context, attribute))
-            return false;
-        ZqVariant value = TextValue(attribute->GetValue().c_str());
-        AccessProperty(object, false, value);
-        return true;
-    }
-
-    void Validate(const CXmlSerializationContext&, bool found) const override
-    {
-        if (!IsOptional() && !found)
-            throw ZqXmlLib9::CZqValidationException(u"no attribute " + GetAttributeName());
+        static CClass type(Info(XmlElementGroupType_Sequence, XmlElementType_Element, 0));
+        return type;
     }
 };
+
+using CItemCol = ZqXmlLib9::CXmlObjectCollection<CItem>;
+
+inline ZqVariant CollectionValue(ZqXmlLib9::CXmlCollectionBase* collection)
+{
+    ZqVariant value;
+    value.SetXmlCollection(collection);
+    return value;
+}
 
 }  // namespace TestModel

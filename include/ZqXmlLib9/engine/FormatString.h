@@ -91,7 +91,8 @@ ZQXMLLIB9_API std::u16string FormatStringList(const char16_t* format,
 /// conversion asks for are ignored.
 ///
 /// \throws CZqInvalidParamException  an argument is missing, is of another kind than its
-///         conversion asks for, or is an integer that the 32 bits of its conversion can't hold; a
+///         conversion asks for, or is an integer that the 32 bits of its conversion, or
+///         the 16 of a character, can't hold; a
 ///         conversion is unknown or cut off; a width or precision is beyond 1,000,000
 template <typename... TArguments>
 std::u16string FormatString(const char16_t* format, const TArguments&... arguments)

@@ -28,10 +28,9 @@ public:
     CXmlGeneratedClass();
     CXmlGeneratedClass(const CXmlGeneratedClass&);
     CXmlGeneratedClass& operator=(const CXmlGeneratedClass&);
-
-protected:
     ~CXmlGeneratedClass() override;
 
+protected:
     void AttributesToXml_Int(CXmlWriter* writer,
                              const CXmlSerializationContext& context) const override;
     void ToXml_Int(CXmlWriter* writer, bool isRoot, const char16_t* namespaceUri,
@@ -45,12 +44,10 @@ protected:
 
     /// Reads or stores a property.
     ///
-    /// | kind                  | value                                                        |
-    /// |-----------------------|--------------------------------------------------------------|
-    /// | primitive             | the value in its item type; invalid where an optional one has none
-    /// | | enumeration           | `SetI4`                                                      |
-    /// | class or open element | `SetXmlObject`; null: no value, and in a choice: unset       |
-    /// | collection            | `SetXmlCollection` with the collection, which always exists  |
+    /// - primitive: the value in its item type; invalid where an optional one has none
+    /// - enumeration: `SetI4`
+    /// - class or open element: `SetXmlObject`; null: no value, and in a choice: unset
+    /// - collection: `SetXmlCollection` with the collection, which always exists
     ///
     /// \param read  true: put the property into `value`; false: store what `value` holds
     virtual void AccessProperty(int propertyIndex, bool read, ZqVariant& value) = 0;

@@ -180,7 +180,7 @@ public:
         TOctet* data, TLength length,
         const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext())
     {
-        FromXmlStream(std::as_bytes(std::span(data, ToLength32(length))), context);
+        FromXmlStream(ToOctets(data, ToLength32(length)), context);
     }
 
     /// \name Refused, since an enum or a pointer would become a `bool` without a word
@@ -201,6 +201,19 @@ public:
 
 protected:
     CXmlObjectBase();
+
+    /// Keeps an object alive over events whose listeners may give up the last reference to it. An
+    /// object that nobody holds yet stays as it is.
+    class ZQXMLLIB9_API CHold {
+    public:
+        explicit CHold(const CXmlObjectBase& object);
+        CHold(const CHold&) = delete;
+        CHold& operator=(const CHold&) = delete;
+        ~CHold();
+
+    private:
+        const CXmlObjectBase* m_object;
+    };
 
     /// The local name of the object's element.
     const std::u16string& GetElementName() const noexcept { return m_elementName; }
@@ -292,8 +305,8 @@ private:
     void ReadRoot(CXmlElement* root, const CXmlSerializationContext& context);
 
     std::u16string m_elementName;
-    /// The count of holders; while the object waits for its destruction, the next one that waits.
-    mutable std::atomic<std::intptr_t> m_holders{0};
+    mutable std::atomic<std::int32_t> m_holders{0};
+    mutable const CXmlObjectBase* m_nextToDestroy = nullptr;  ///< while both wait for that
 };
 
 }  // namespace ZqXmlLib9

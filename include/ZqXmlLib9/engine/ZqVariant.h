@@ -41,7 +41,8 @@ public:
 
     /// \name Values
     ///
-    /// A getter asks for the kind of payload that was set.
+    /// A getter asks for the kind of payload that was set. Without a value it gives 0, an empty
+    /// text or null.
     /// \throws CZqInvalidStateException  "The value has the type %d, which is not the one asked
     ///         for", from a getter
     /// @{

@@ -31,6 +31,8 @@ using ZqXmlLib9::ZqVariant;
 /// it.
 class ZQXMLLIB9_API CAttributeInfo {
 public:
+    CAttributeInfo(const CAttributeInfo&);
+    CAttributeInfo& operator=(const CAttributeInfo&);
     virtual ~CAttributeInfo();
 
 protected:
@@ -40,8 +42,6 @@ protected:
     /// \param defaultValue  the default of the schema as text; null: none
     CAttributeInfo(const char16_t* name, const char16_t* ns, int propertyIndex, bool optional,
                    const char16_t* defaultValue);
-    CAttributeInfo(const CAttributeInfo&);
-    CAttributeInfo& operator=(const CAttributeInfo&);
 
     virtual void AttributeToXml(const CXmlSerializationContext& context,
                                 const CXmlGeneratedClass* object, CXmlWriter* writer) const = 0;

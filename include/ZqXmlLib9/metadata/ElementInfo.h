@@ -135,7 +135,7 @@ protected:
                        const CXmlGeneratedClass* object) const;
 
     /// Moves the cursor to this record's element, past others where the context ignores unknown
-    /// elements. A cursor that finds nothing ends as null.
+    /// elements: a cursor that finds nothing then ends as null, and else stays.
     bool ScanToThisElement(const CXmlSerializationContext& context, CXmlElement** cursor) const;
 
     /// Takes the element at the cursor if it is this record's.

@@ -5,21 +5,23 @@
 /// and occurrence (Mnd, Opt, Col). The templates here are the kinds over the group; the concrete
 /// records in ElementInfoSeq.h, ElementInfoChoice.h and ElementInfoAll.h add how they read:
 ///
-/// |                          | Seq                                 | Choice                 | All
-/// |
-/// |--------------------------|-------------------------------------|------------------------|-----------------------|
-/// | Prim, Enum, Cls: a miss  | Mnd: fails, or is false in a group  | false                  |
-/// false; then `Validate`| |                          | without a tag; Opt: true            | | |
-/// | scans forward            | Mnd, where unknown elements are     | never                  |
-/// never                 | |                          | ignored; in a group Prim alone      | | |
-/// | Cls, AbsCls: stored      | Opt: after it was read; Mnd of Cls: | before it was read     | as
-/// in Seq             | |                          | never, the object exists            | | | |
-/// Cls: an empty choice     | fails                               | passes, one level down | fails
-/// | | AbsCls: no class fits    | Mnd: fails; Opt: true               | stores null, false     |
-/// can't be read at all  | | Col: result              | true, or the count's verdict in a   |
-/// whether it took        | false: it stays open  | |                          | group without a
-/// tag                 | anything               |                       | | Col: count on output |
-/// tested                              | not tested             | tested                |
+/// |                     | Seq                       | Choice            | All                 |
+/// |---------------------|---------------------------|-------------------|---------------------|
+/// | element absent      | Mnd fails, Opt is true    | false             | false, `Validate`   |
+/// | the same in a class | Mnd is false              | false             | false, `Validate`   |
+/// | without a tag       |                           |                   |                     |
+/// | past unknown ones   | Mnd of Prim, Enum, Cls    | never             | never               |
+/// | the same in a class | Mnd of Prim               | never             | never               |
+/// | without a tag       |                           |                   |                     |
+/// | object is stored    | once read; Mnd of Cls and | before it is read | as in Seq           |
+/// |                     | Untpd: never              |                   |                     |
+/// | Cls, an empty one   | a choice fails            | a choice may be   | a choice fails      |
+/// | AbsCls, no class    | Mnd fails, Opt is true    | stores null,      | can't be read       |
+/// | fits                |                           | false             |                     |
+/// | Col                 | true; in a class without  | whether it took   | false, stays open   |
+/// |                     | a tag whether its count   | anything          |                     |
+/// |                     | is good                   |                   |                     |
+/// | Col, count on output| tested                    | not tested        | tested              |
 #pragma once
 
 #include <ZqXmlLib9/Export.h>

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <ZqXmlLib9/Export.h>
+#include <ZqXmlLib9/types/OctetSpan.h>
 
 #include <cstdint>
 #include <string>
@@ -20,6 +21,12 @@ public:
     /// The text, padded with "=" to a multiple of four characters, without line breaks.
     /// \param length  in octets
     std::u16string Encode(const unsigned char* octets, std::uint32_t length);
+    /// \throws CZqOverFlowException  the length is below 0, or 4 GiB or more
+    template <ZqXmlLib9::UncheckedLength TLength>
+    std::u16string Encode(const unsigned char* octets, TLength length)
+    {
+        return Encode(octets, ZqXmlLib9::ToLength32(length));
+    }
 
     /// Reads base64 text.
     ///

@@ -40,6 +40,12 @@ public:
     {}
 
     /// A copy of the octets.
+    /// \throws CZqInvalidParamException  `data` is null and `length` is not 0
+    CBinaryData(const unsigned char* data, std::uint32_t length);
+    /// \throws CZqOverFlowException  the length is below 0, or 4 GiB or more
+    template <UncheckedLength TLength>
+    CBinaryData(const unsigned char* data, TLength length) : CBinaryData(data, ToLength32(length))
+    {}
     /// \throws CZqOverFlowException  4 GiB or more
     explicit CBinaryData(std::span<const std::byte> data);
 
@@ -69,27 +75,28 @@ public:
 
     /// Replaces the contents by a copy.
     /// \throws CZqInvalidParamException  `data` is null and `length` is not 0
-    void SetBuffer(unsigned char* const data, std::uint32_t length);
+    void SetBuffer(const unsigned char* data, std::uint32_t length);
+    /// \throws CZqOverFlowException  the length is below 0, or 4 GiB or more
+    template <UncheckedLength TLength>
+    void SetBuffer(const unsigned char* data, TLength length)
+    {
+        SetBuffer(data, ToLength32(length));
+    }
     void SetBuffer(const char16_t* text);
     /// \throws CZqOverFlowException  4 GiB or more
     void SetBuffer(std::span<const std::byte> data);
-    /// \throws CZqOverFlowException  the length is below 0, or 4 GiB or more
-    template <Octet TOctet, UncheckedLength TLength>
-    void SetBuffer(TOctet* data, TLength length)
-    {
-        SetBuffer(std::as_bytes(std::span(data, ToLength32(length))));
-    }
 
     /// Appends octets, or the raw octets of text as in the constructor. The data may lie within
     /// this object. A failure leaves the contents as they were.
-    /// \throws CZqOverFlowException  the result would have 4 GiB or more
-    void Append(unsigned char* const data, std::uint32_t length);
-    void Append(std::span<const std::byte> data);
-    template <Octet TOctet, UncheckedLength TLength>
-    void Append(TOctet* data, TLength length)
+    /// \throws CZqOverFlowException      the result would have 4 GiB or more
+    /// \throws CZqInvalidParamException  `data` is null and `length` is not 0
+    void Append(const unsigned char* data, std::uint32_t length);
+    template <UncheckedLength TLength>
+    void Append(const unsigned char* data, TLength length)
     {
-        Append(std::as_bytes(std::span(data, ToLength32(length))));
+        Append(data, ToLength32(length));
     }
+    void Append(std::span<const std::byte> data);
     void Append(const CBinaryData& other);
     void Append(unsigned char octet);
     void Append(char16_t unit);

@@ -40,4 +40,8 @@ std::uint32_t ToLength32(TLength length)
                                                           : INT64_MAX);
 }
 
+/// The octets behind a pointer.
+/// \throws CZqInvalidParamException  "The data is null and its length is not 0"
+ZQXMLLIB9_API std::span<const std::byte> ToOctets(const void* data, std::uint32_t length);
+
 }  // namespace ZqXmlLib9

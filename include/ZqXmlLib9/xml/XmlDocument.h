@@ -21,9 +21,9 @@ namespace ZqXmlLib9 {
 class CXmlElement;
 class CXmlSerializationContext;
 
-/// Sees each complete element below the root at its end tag, children before parents. True claims
-/// the element: it is taken out of the tree and freed with its subtree when the filter returns. It
-/// may throw; the load then fails with what it threw.
+/// Sees each complete element at its end tag, children before parents. True claims the element: it
+/// is taken out of the tree and freed with its subtree when the filter returns; the root stays all
+/// the same. It may throw; the load then fails with what it threw.
 using ElementFilter = bool (*)(CXmlElement* element);
 
 /// Makes the next loads from files read chunks of 128 KiB while the chunk before is parsed. Such
@@ -76,8 +76,15 @@ public:
     void LoadXml(const char* text);
 
     /// \param length  in octets
-    /// \throws CZqException  "XML Stream is empty!"
-    void LoadXmlStream(unsigned char* const data, std::uint32_t length);
+    /// \throws CZqException              "XML Stream is empty!"
+    /// \throws CZqInvalidParamException  `data` is null and `length` is not 0
+    void LoadXmlStream(const unsigned char* data, std::uint32_t length);
+    /// \throws CZqOverFlowException  the length is below 0, or 4 GiB or more
+    template <UncheckedLength TLength>
+    void LoadXmlStream(const unsigned char* data, TLength length)
+    {
+        LoadXmlStream(data, ToLength32(length));
+    }
     /// \throws CZqException          "XML Stream is empty!"
     /// \throws CZqOverFlowException  4 GiB or more
     void LoadXmlStream(std::span<const std::byte> data);

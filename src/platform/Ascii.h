@@ -1,0 +1,17 @@
+// Comparison of ASCII words, whatever the locale.
+#pragma once
+
+#include <algorithm>
+#include <string_view>
+
+namespace ZqXmlLib9 {
+
+/// \param word  in lower case
+inline bool EqualsIgnoringCase(std::u16string_view text, std::u16string_view word)
+{
+    return std::ranges::equal(text, word, [](char16_t c, char16_t lower) {
+        return (c >= u'A' && c <= u'Z' ? c - u'A' + u'a' : c) == lower;
+    });
+}
+
+}  // namespace ZqXmlLib9
