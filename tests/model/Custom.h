@@ -114,6 +114,7 @@ public:
     }
 
     ZqVariant& operator[](std::size_t index) { return m_properties.at(index); }
+    std::size_t GetPropertyCount() const { return m_properties.size(); }
 
     CXmlObjectBase* GetBase() override { return this; }
     std::u16string GetTargetNamespace() const override { return m_class.m_namespace; }
@@ -132,6 +133,8 @@ public:
 
     /// What happened: `init`, and `set N` for each store.
     std::string m_log;
+    /// The same for all objects, in one order, each with the name of its element.
+    static inline std::string s_log;
 
 protected:
     void AccessProperty(int propertyIndex, bool read, ZqVariant& value) override
@@ -139,15 +142,21 @@ protected:
         ZqVariant& property = m_properties.at(static_cast<std::size_t>(propertyIndex));
         (read ? value : property) = read ? property : value;
         if (!read)
-            m_log += "set " + std::to_string(propertyIndex) + ";";
+            Log("set " + std::to_string(propertyIndex));
     }
 
     CParentElementInfo* GetClassInfo() const override { return &m_class.m_info; }
     CElementInfo** GetClassElementInfo() const override { return m_class.m_elements.data(); }
     CAttributeInfo** GetClassAttributeInfo() const override { return m_class.m_attributes.data(); }
-    void Init() override { m_log += "init;"; }
+    void Init() override { Log("init"); }
 
 private:
+    void Log(const std::string& what)
+    {
+        m_log += what + ";";
+        s_log += ZqXmlLib9::ToUtf8(GetElementName()) + " " + what + "; ";
+    }
+
     CClass& m_class;
     std::vector<ZqVariant> m_properties;
 };

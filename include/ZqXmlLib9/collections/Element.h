@@ -14,12 +14,19 @@ class CAttributeCol;
 class CElementCol;
 class CXmlTextWriter;
 
+#pragma GCC diagnostic push
+// FromXml stands for the inherited forms: beside it, a call with a text alone would be ambiguous.
+#pragma GCC diagnostic ignored "-Woverloaded-virtual"
+
 /// An open element, for xs:any and for elements declared without a type: a name, a namespace, a
 /// text, attributes and child elements, all of which can be edited.
 ///
 /// Its text stands behind all its children when it is written. Its own namespace is held to a
 /// restriction (`CXmlObjectBase::TestNamespace`) when it is made or read; its attributes and
 /// children may come from any namespace. A subtree may sit in two parents at once.
+///
+/// The white space between its children is a part of its text, as in every element of a tree: who
+/// writes open content with formatting and reads it again gets more of it each time.
 ///
 /// The entry points that read take the root of the document, or the element given, itself. Reading
 /// adds to the attributes and children that the element has.
@@ -112,5 +119,6 @@ private:
     CSmartPtr<CElementCol> m_childElements;
     std::u16string m_defaultNamespace;
 };
+#pragma GCC diagnostic pop
 
 }  // namespace ZqXmlLib9

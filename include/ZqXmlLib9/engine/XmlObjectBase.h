@@ -83,7 +83,8 @@ public:
         const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext(),
         CompressionType compression = CompressionType_None) const;
 
-    /// Reads the object from a file.
+    /// Reads the object from a file. The root's name becomes that of the object; nothing compares
+    /// it.
     /// \throws CZqException  the file can't be read, is not well-formed ("%s at line %d"), or
     ///         doesn't fit the content model; the messages are those of `CXmlDocument::Load`
     virtual void FromXmlFile(

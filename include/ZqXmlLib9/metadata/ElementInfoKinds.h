@@ -85,7 +85,8 @@ protected:
 template <typename TGroup>
 class ZQXMLLIB9_API CElementInfoEnumOf : public TGroup {
 public:
-    /// \param fromString  decides what an unknown word means
+    /// \param fromString  takes the text as it stands, with its white space, and decides what an
+    ///                    unknown word means
     CElementInfoEnumOf(const char16_t* name, const char16_t* ns, int propertyIndex,
                        const char16_t* (*toString)(int), int (*fromString)(const char16_t*))
         : TGroup(name, ns, propertyIndex), m_toString(toString), m_fromString(fromString)

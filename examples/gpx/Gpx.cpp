@@ -1,0 +1,191 @@
+// The tables of the classes, in the order of the schema.
+
+#include "Gpx.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace Gpx {
+namespace {
+
+const char16_t* FixToWord(int fix)
+{
+    if (fix < 0 || static_cast<std::size_t>(fix) >= kFixWords.size())
+        throw ZqXmlLib9::CZqInvalidValueException(
+            ZqXmlLib9::FormatString(u"The fix %d has no word", fix));
+    return kFixWords[static_cast<std::size_t>(fix)];
+}
+
+int FixFromWord(const char16_t* word)
+{
+    const auto* const found = std::ranges::find(kFixWords, std::u16string_view(word));
+    if (found == kFixWords.end())
+        throw ZqXmlLib9::CZqInvalidValueException(
+            ZqXmlLib9::FormatString(u"The fix [%s] is not one of none, 2d, 3d, dgps, pps", word));
+    return static_cast<int>(found - kFixWords.begin());
+}
+
+/// The properties of routes and tracks, and the children of one of them.
+constexpr std::array<SProperty, 9> PathWith(const SProperty& children)
+{
+    return {String<&CPath::m_name>(u"name"),
+            String<&CPath::m_cmt>(u"cmt"),
+            String<&CPath::m_desc>(u"desc"),
+            String<&CPath::m_src>(u"src"),
+            Children<&CPath::m_links>(u"link"),
+            Literal<&CPath::m_number>(u"number"),
+            String<&CPath::m_type>(u"type"),
+            Child<&CPath::m_extensions>(u"extensions"),
+            children};
+}
+
+}  // namespace
+
+CGpxClass::CTable& CExtensions::GetTable() const
+{
+    static constexpr SProperty properties[] = {OpenContent<&CExtensions::m_elements>()};
+    static CTable table(u"extensionsType", properties);
+    return table;
+}
+
+CGpxClass::CTable& CLink::GetTable() const
+{
+    static constexpr SProperty properties[] = {
+        LiteralAttribute<&CLink::m_href>(u"href"),
+        String<&CLink::m_text>(u"text"),
+        String<&CLink::m_type>(u"type"),
+    };
+    static CTable table(u"linkType", properties);
+    return table;
+}
+
+CGpxClass::CTable& CEmail::GetTable() const
+{
+    static constexpr SProperty properties[] = {
+        StringAttribute<&CEmail::m_id>(u"id"),
+        StringAttribute<&CEmail::m_domain>(u"domain"),
+    };
+    static CTable table(u"emailType", properties);
+    return table;
+}
+
+CGpxClass::CTable& CPerson::GetTable() const
+{
+    static constexpr SProperty properties[] = {
+        String<&CPerson::m_name>(u"name"),
+        Child<&CPerson::m_email>(u"email"),
+        Child<&CPerson::m_link>(u"link"),
+    };
+    static CTable table(u"personType", properties);
+    return table;
+}
+
+CGpxClass::CTable& CCopyright::GetTable() const
+{
+    static constexpr SProperty properties[] = {
+        StringAttribute<&CCopyright::m_author>(u"author"),
+        Literal<&CCopyright::m_year>(u"year"),
+        Literal<&CCopyright::m_license>(u"license"),
+    };
+    static CTable table(u"copyrightType", properties);
+    return table;
+}
+
+CGpxClass::CTable& CBounds::GetTable() const
+{
+    static constexpr SProperty properties[] = {
+        LiteralAttribute<&CBounds::m_minlat>(u"minlat"),
+        LiteralAttribute<&CBounds::m_minlon>(u"minlon"),
+        LiteralAttribute<&CBounds::m_maxlat>(u"maxlat"),
+        LiteralAttribute<&CBounds::m_maxlon>(u"maxlon"),
+    };
+    static CTable table(u"boundsType", properties);
+    return table;
+}
+
+CGpxClass::CTable& CMetadata::GetTable() const
+{
+    static constexpr SProperty properties[] = {
+        String<&CMetadata::m_name>(u"name"),
+        String<&CMetadata::m_desc>(u"desc"),
+        Child<&CMetadata::m_author>(u"author"),
+        Child<&CMetadata::m_copyright>(u"copyright"),
+        Children<&CMetadata::m_links>(u"link"),
+        Literal<&CMetadata::m_time>(u"time"),
+        String<&CMetadata::m_keywords>(u"keywords"),
+        Child<&CMetadata::m_bounds>(u"bounds"),
+        Child<&CMetadata::m_extensions>(u"extensions"),
+    };
+    static CTable table(u"metadataType", properties);
+    return table;
+}
+
+CGpxClass::CTable& CWaypoint::GetTable() const
+{
+    static constexpr SProperty properties[] = {
+        LiteralAttribute<&CWaypoint::m_lat>(u"lat"),
+        LiteralAttribute<&CWaypoint::m_lon>(u"lon"),
+        Literal<&CWaypoint::m_ele>(u"ele"),
+        Literal<&CWaypoint::m_time>(u"time"),
+        Literal<&CWaypoint::m_magvar>(u"magvar"),
+        Literal<&CWaypoint::m_geoidheight>(u"geoidheight"),
+        String<&CWaypoint::m_name>(u"name"),
+        String<&CWaypoint::m_cmt>(u"cmt"),
+        String<&CWaypoint::m_desc>(u"desc"),
+        String<&CWaypoint::m_src>(u"src"),
+        Children<&CWaypoint::m_links>(u"link"),
+        String<&CWaypoint::m_sym>(u"sym"),
+        String<&CWaypoint::m_type>(u"type"),
+        Enumeration<&CWaypoint::m_fix, FixToWord, FixFromWord>(u"fix"),
+        Literal<&CWaypoint::m_sat>(u"sat"),
+        Literal<&CWaypoint::m_hdop>(u"hdop"),
+        Literal<&CWaypoint::m_vdop>(u"vdop"),
+        Literal<&CWaypoint::m_pdop>(u"pdop"),
+        Literal<&CWaypoint::m_ageofdgpsdata>(u"ageofdgpsdata"),
+        Literal<&CWaypoint::m_dgpsid>(u"dgpsid"),
+        Child<&CWaypoint::m_extensions>(u"extensions"),
+    };
+    static CTable table(u"wptType", properties);
+    return table;
+}
+
+CGpxClass::CTable& CRoute::GetTable() const
+{
+    static constexpr auto properties = PathWith(Children<&CRoute::m_points>(u"rtept"));
+    static CTable table(u"rteType", properties);
+    return table;
+}
+
+CGpxClass::CTable& CTrackSegment::GetTable() const
+{
+    static constexpr SProperty properties[] = {
+        Children<&CTrackSegment::m_points>(u"trkpt"),
+        Child<&CTrackSegment::m_extensions>(u"extensions"),
+    };
+    static CTable table(u"trksegType", properties);
+    return table;
+}
+
+CGpxClass::CTable& CTrack::GetTable() const
+{
+    static constexpr auto properties = PathWith(Children<&CTrack::m_segments>(u"trkseg"));
+    static CTable table(u"trkType", properties);
+    return table;
+}
+
+CGpxClass::CTable& CGpx::GetTable() const
+{
+    static constexpr SProperty properties[] = {
+        StringAttribute<&CGpx::m_version>(u"version"),
+        StringAttribute<&CGpx::m_creator>(u"creator"),
+        Child<&CGpx::m_metadata>(u"metadata"),
+        Children<&CGpx::m_waypoints>(u"wpt"),
+        Children<&CGpx::m_routes>(u"rte"),
+        Children<&CGpx::m_tracks>(u"trk"),
+        Child<&CGpx::m_extensions>(u"extensions"),
+    };
+    static CTable table(u"gpxType", properties);
+    return table;
+}
+
+}  // namespace Gpx
