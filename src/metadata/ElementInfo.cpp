@@ -29,6 +29,11 @@ namespace {
 /// The name of a record that stands for xs:any.
 constexpr std::u16string_view kAnyElement = u"AnyElement";
 
+void MoveOn(const SElementReading& reading)
+{
+    *reading.cursor = (*reading.cursor)->GetNextSiblingElement();
+}
+
 [[noreturn]] void ThrowNothingToReadInto(const std::u16string& elementName)
 {
     throw CZqInvalidStateException(
@@ -173,32 +178,36 @@ void CElementInfo::ValidateCount(const CXmlSerializationContext& context,
         collection->ValidateCount(context);
 }
 
-bool CElementInfo::ScanToThisElement(const CXmlSerializationContext& context,
-                                     CXmlElement** cursor) const
+bool CElementInfo::IsHere(const SElementReading& reading) const
 {
-    while (!IsThisElement(context, *cursor)) {
-        if (!context.GetIgnoreUnknownElements() || *cursor == nullptr)
+    return IsThisElement(reading.context, *reading.cursor);
+}
+
+bool CElementInfo::ScanToThisElement(const SElementReading& reading) const
+{
+    while (!IsHere(reading)) {
+        if (!reading.context.GetIgnoreUnknownElements() || *reading.cursor == nullptr)
             return false;
-        *cursor = (*cursor)->GetNextSiblingElement();
+        MoveOn(reading);
     }
     return true;
 }
 
-void CElementInfo::TakePrim(CXmlGeneratedClass* object, CXmlElement** cursor) const
+void CElementInfo::TakePrim(const SElementReading& reading) const
 {
     ZqVariant value;
-    value.FromString((*cursor)->GetText(), m_itemType, m_whitespaceRule);
-    AccessProperty(object, false, value);
-    *cursor = (*cursor)->GetNextSiblingElement();
+    value.FromString((*reading.cursor)->GetText(), m_itemType, m_whitespaceRule);
+    AccessProperty(reading.object, false, value);
+    MoveOn(reading);
 }
 
-void CElementInfo::TakeEnum(CXmlGeneratedClass* object, CXmlElement** cursor,
+void CElementInfo::TakeEnum(const SElementReading& reading,
                             int (*fromString)(const char16_t*)) const
 {
     ZqVariant value;
-    value.SetI4(fromString((*cursor)->GetText().c_str()));
-    AccessProperty(object, false, value);
-    *cursor = (*cursor)->GetNextSiblingElement();
+    value.SetI4(fromString((*reading.cursor)->GetText().c_str()));
+    AccessProperty(reading.object, false, value);
+    MoveOn(reading);
 }
 
 CSmartPtr<CXmlObjectBase> CElementInfo::ReadObject(const CXmlGeneratedClass* object) const
@@ -211,30 +220,29 @@ CSmartPtr<CXmlObjectBase> CElementInfo::ReadObject(const CXmlGeneratedClass* obj
     return collection != nullptr ? collection->GetBase() : nullptr;
 }
 
-CSmartPtr<CXmlObjectBase> CElementInfo::RequireObject(const CXmlGeneratedClass* object) const
+CSmartPtr<CXmlObjectBase> CElementInfo::RequireObject(const SElementReading& reading) const
 {
-    CSmartPtr<CXmlObjectBase> held = ReadObject(object);
+    CSmartPtr<CXmlObjectBase> held = ReadObject(reading.object);
     if (held == nullptr)
         ThrowNothingToReadInto(m_elementName);
     return held;
 }
 
-CSmartPtr<CXmlCollectionBase>
-CElementInfo::RequireCollection(const CXmlGeneratedClass* object) const
+CSmartPtr<CXmlCollectionBase> CElementInfo::RequireCollection(const SElementReading& reading) const
 {
     ZqVariant value;
-    ReadProperty(object, value);
+    ReadProperty(reading.object, value);
     CSmartPtr<CXmlCollectionBase> held = value.GetXmlCollection();
     if (held == nullptr)
         ThrowNothingToReadInto(m_elementName);
     return held;
 }
 
-void CElementInfo::StoreObject(CXmlGeneratedClass* object, CXmlObjectBase* value) const
+void CElementInfo::StoreObject(const SElementReading& reading, CXmlObjectBase* value) const
 {
     ZqVariant variant;
     variant.SetXmlObject(value);
-    AccessProperty(object, false, variant);
+    AccessProperty(reading.object, false, variant);
 }
 
 CSmartPtr<CXmlObjectBase> CElementInfo::MakeObject(ClassFactory factory, int classId) const
@@ -246,51 +254,52 @@ CSmartPtr<CXmlObjectBase> CElementInfo::MakeObject(ClassFactory factory, int cla
     return made;
 }
 
-void CElementInfo::ReadElement(const CXmlSerializationContext& context, CXmlObjectBase* child,
-                               CXmlElement** cursor, bool isOptionalChoice) const
+void CElementInfo::ReadElement(const SElementReading& reading, CXmlObjectBase* child,
+                               bool isOptionalChoice) const
 {
-    FromXml_Int(child, *cursor, (*cursor)->GetFirstElement(), context, isOptionalChoice);
-    *cursor = (*cursor)->GetNextSiblingElement();
+    CXmlElement* const element = *reading.cursor;
+    FromXml_Int(child, element, element->GetFirstElement(), reading.context, isOptionalChoice);
+    MoveOn(reading);
 }
 
-bool CElementInfo::ReadRun(const CXmlSerializationContext& context, CXmlObjectBase* child,
-                           CXmlElement* parent, CXmlElement** cursor) const
+bool CElementInfo::ReadRun(const SElementReading& reading, CXmlObjectBase* child) const
 {
-    CXmlElement* const next = FromXml_Int(child, parent, *cursor, context, false);
-    return std::exchange(*cursor, next) != next;
+    CXmlElement* const next =
+        FromXml_Int(child, reading.parent, *reading.cursor, reading.context, false);
+    return std::exchange(*reading.cursor, next) != next;
 }
 
-CSmartPtr<CXmlObjectBase> CElementInfo::MakeOpenElement(const std::u16string& restriction,
-                                                        const char16_t* parentNamespace,
+CSmartPtr<CXmlObjectBase> CElementInfo::MakeOpenElement(const SElementReading& reading,
+                                                        const std::u16string& restriction,
                                                         const std::u16string& targetNamespace) const
 {
-    const std::u16string ns =
-        GetAnyDefaultNamespace(restriction.c_str(), parentNamespace, targetNamespace.c_str());
+    const std::u16string ns = GetAnyDefaultNamespace(restriction.c_str(), reading.parentNamespace,
+                                                     targetNamespace.c_str());
     return new CElement(m_elementName.c_str(), ns.c_str(), restriction.c_str(),
                         targetNamespace.c_str());
 }
 
-bool CElementInfo::ReadOpenElement(const CXmlSerializationContext& context, CXmlObjectBase* element,
-                                   CXmlElement* parent, CXmlElement** cursor) const
+bool CElementInfo::ReadOpenElement(const SElementReading& reading, CXmlObjectBase* element) const
 {
-    return (m_elementName == kAnyElement || (*cursor)->GetLocalName() == m_elementName)
-           && ReadRun(context, element, parent, cursor);
+    const bool isWanted =
+        m_elementName == kAnyElement || (*reading.cursor)->GetLocalName() == m_elementName;
+    return isWanted && ReadRun(reading, element);
 }
 
-bool CElementInfo::ReadOpenElements(const CXmlSerializationContext& context,
-                                    CXmlCollectionBase* elements, CXmlElement* parent,
-                                    CXmlElement** cursor) const
+bool CElementInfo::ReadOpenElements(const SElementReading& reading,
+                                    CXmlCollectionBase* elements) const
 {
     if (m_elementName == kAnyElement)
-        return ReadRun(context, elements->GetBase(), parent, cursor);
+        return ReadRun(reading, elements->GetBase());
     auto* const collection = dynamic_cast<CElementCol*>(elements);
     if (collection == nullptr)
         throw CZqException(
             u"Serialization Data Error : The collection should be a CElementCol, it was not!");
-    const std::u16string ns = *cursor != nullptr ? (*cursor)->GetNamespaceURI() : u"";
-    CXmlElement* const next = collection->FromXmlLockElementName_Int(
-        m_elementName.c_str(), ns.c_str(), parent, *cursor, context);
-    return std::exchange(*cursor, next) != next;
+    CXmlElement* const first = *reading.cursor;
+    const std::u16string ns = first != nullptr ? first->GetNamespaceURI() : u"";
+    *reading.cursor = collection->FromXmlLockElementName_Int(
+        m_elementName.c_str(), ns.c_str(), reading.parent, first, reading.context);
+    return *reading.cursor != first;
 }
 
 std::u16string CElementInfo::GetAnyDefaultNamespace(const char16_t* restriction,

@@ -44,32 +44,24 @@ CElementInfoAllNonCol::CElementInfoAllNonCol(const char16_t* name, const char16_
     : CElementInfoAll(name, ns, propertyIndex)
 {}
 
-bool CElementInfoAllPrimMnd::ElementFromXml(const CXmlSerializationContext& context,
-                                            CXmlGeneratedClass* object, CXmlElement*,
-                                            CXmlElement** cursor, const char16_t*, XmlElementType)
+bool CElementInfoAllPrimMnd::Read(const SElementReading& reading) const
 {
-    return TakeIfHere(context, cursor, [&] { TakePrim(object, cursor); });
+    return TakeIfHere(reading, [&] { TakePrim(reading); });
 }
 
-bool CElementInfoAllPrimOpt::ElementFromXml(const CXmlSerializationContext& context,
-                                            CXmlGeneratedClass* object, CXmlElement*,
-                                            CXmlElement** cursor, const char16_t*, XmlElementType)
+bool CElementInfoAllPrimOpt::Read(const SElementReading& reading) const
 {
-    return TakeIfHere(context, cursor, [&] { TakePrim(object, cursor); });
+    return TakeIfHere(reading, [&] { TakePrim(reading); });
 }
 
-bool CElementInfoAllEnumMnd::ElementFromXml(const CXmlSerializationContext& context,
-                                            CXmlGeneratedClass* object, CXmlElement*,
-                                            CXmlElement** cursor, const char16_t*, XmlElementType)
+bool CElementInfoAllEnumMnd::Read(const SElementReading& reading) const
 {
-    return TakeIfHere(context, cursor, [&] { Take(object, cursor); });
+    return TakeIfHere(reading, [&] { Take(reading); });
 }
 
-bool CElementInfoAllEnumOpt::ElementFromXml(const CXmlSerializationContext& context,
-                                            CXmlGeneratedClass* object, CXmlElement*,
-                                            CXmlElement** cursor, const char16_t*, XmlElementType)
+bool CElementInfoAllEnumOpt::Read(const SElementReading& reading) const
 {
-    return TakeIfHere(context, cursor, [&] { Take(object, cursor); });
+    return TakeIfHere(reading, [&] { Take(reading); });
 }
 
 CElementInfoAllClsMnd::CElementInfoAllClsMnd(const char16_t* name, const char16_t* ns,
@@ -80,14 +72,11 @@ CElementInfoAllClsMnd::CElementInfoAllClsMnd(const char16_t* name, const char16_
       m_hasRequiredContent(hasRequiredContent)
 {}
 
-bool CElementInfoAllClsMnd::ElementFromXml(const CXmlSerializationContext& context,
-                                           CXmlGeneratedClass* object, CXmlElement* parent,
-                                           CXmlElement** cursor, const char16_t*, XmlElementType)
+bool CElementInfoAllClsMnd::Read(const SElementReading& reading) const
 {
     if (!HasTag())
-        return ReadRun(context, RequireObject(object).Get(), parent, cursor);
-    return TakeIfHere(context, cursor,
-                      [&] { ReadElement(context, RequireObject(object).Get(), cursor, false); });
+        return ReadRun(reading, RequireObject(reading).Get());
+    return TakeIfHere(reading, [&] { ReadElement(reading, RequireObject(reading).Get()); });
 }
 
 bool CElementInfoAllClsMnd::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*,
@@ -98,22 +87,20 @@ bool CElementInfoAllClsMnd::Validate(const CXmlSerializationContext&, const CXml
     return ValidateMandatory(found, failIfMissing);
 }
 
-bool CElementInfoAllClsOpt::ElementFromXml(const CXmlSerializationContext& context,
-                                           CXmlGeneratedClass* object, CXmlElement* parent,
-                                           CXmlElement** cursor, const char16_t*, XmlElementType)
+bool CElementInfoAllClsOpt::Read(const SElementReading& reading) const
 {
     if (HasTag())
-        return TakeIfHere(context, cursor, [&] {
+        return TakeIfHere(reading, [&] {
             const CSmartPtr<CXmlObjectBase> child = Make();
-            ReadElement(context, child.Get(), cursor, false);
-            StoreObject(object, child.Get());
+            ReadElement(reading, child.Get());
+            StoreObject(reading, child.Get());
         });
-    if (*cursor == nullptr)
+    if (*reading.cursor == nullptr)
         return false;
     const CSmartPtr<CXmlObjectBase> child = Make();
-    const bool taken = ReadRun(context, child.Get(), parent, cursor);
+    const bool taken = ReadRun(reading, child.Get());
     if (taken)
-        StoreObject(object, child.Get());
+        StoreObject(reading, child.Get());
     return taken;
 }
 
@@ -125,41 +112,29 @@ CElementInfoAllAbsClsMnd::CElementInfoAllAbsClsMnd(const char16_t* name, const c
       m_reserved(reserved)
 {}
 
-bool CElementInfoAllAbsClsMnd::ElementFromXml(const CXmlSerializationContext&, CXmlGeneratedClass*,
-                                              CXmlElement*, CXmlElement**, const char16_t*,
-                                              XmlElementType)
+bool CElementInfoAllAbsClsMnd::Read(const SElementReading&) const
 {
     ThrowCannotRead(u"CElementInfoAllAbsClsMnd");
 }
 
-bool CElementInfoAllAbsClsOpt::ElementFromXml(const CXmlSerializationContext&, CXmlGeneratedClass*,
-                                              CXmlElement*, CXmlElement**, const char16_t*,
-                                              XmlElementType)
+bool CElementInfoAllAbsClsOpt::Read(const SElementReading&) const
 {
     ThrowCannotRead(u"CElementInfoAllAbsClsOpt");
 }
 
-bool CElementInfoAllUntpdMnd::ElementFromXml(const CXmlSerializationContext& context,
-                                             CXmlGeneratedClass* object, CXmlElement* parent,
-                                             CXmlElement** cursor, const char16_t*, XmlElementType)
+bool CElementInfoAllUntpdMnd::Read(const SElementReading& reading) const
 {
-    return *cursor != nullptr
-           && ReadOpenElement(context, RequireObject(object).Get(), parent, cursor);
+    return *reading.cursor != nullptr && ReadOpenElement(reading, RequireObject(reading).Get());
 }
 
-bool CElementInfoAllUntpdOpt::ElementFromXml(const CXmlSerializationContext& context,
-                                             CXmlGeneratedClass* object, CXmlElement* parent,
-                                             CXmlElement** cursor, const char16_t* parentNamespace,
-                                             XmlElementType)
+bool CElementInfoAllUntpdOpt::Read(const SElementReading& reading) const
 {
-    return TakeNew(context, object, parent, cursor, parentNamespace);
+    return TakeNew(reading);
 }
 
-bool CElementInfoAllCol::ElementFromXml(const CXmlSerializationContext& context,
-                                        CXmlGeneratedClass* object, CXmlElement* parent,
-                                        CXmlElement** cursor, const char16_t*, XmlElementType)
+bool CElementInfoAllCol::Read(const SElementReading& reading) const
 {
-    ReadRun(context, RequireCollection(object)->GetBase(), parent, cursor);
+    ReadRun(reading, RequireCollection(reading)->GetBase());
     return false;
 }
 

@@ -25,20 +25,14 @@ bool CElementInfoChoice::Validate(const CXmlSerializationContext&, const CXmlGen
     throw ZqXmlLib9::CZqException(u"Not implemented, should never be called");
 }
 
-bool CElementInfoChoicePrimOpt::ElementFromXml(const CXmlSerializationContext& context,
-                                               CXmlGeneratedClass* object, CXmlElement*,
-                                               CXmlElement** cursor, const char16_t*,
-                                               XmlElementType)
+bool CElementInfoChoicePrimOpt::Read(const SElementReading& reading) const
 {
-    return TakeIfHere(context, cursor, [&] { TakePrim(object, cursor); });
+    return TakeIfHere(reading, [&] { TakePrim(reading); });
 }
 
-bool CElementInfoChoiceEnumOpt::ElementFromXml(const CXmlSerializationContext& context,
-                                               CXmlGeneratedClass* object, CXmlElement*,
-                                               CXmlElement** cursor, const char16_t*,
-                                               XmlElementType)
+bool CElementInfoChoiceEnumOpt::Read(const SElementReading& reading) const
 {
-    return TakeIfHere(context, cursor, [&] { Take(object, cursor); });
+    return TakeIfHere(reading, [&] { Take(reading); });
 }
 
 bool CElementInfoChoiceClsOpt::ElementToXml(const CXmlSerializationContext& context,
@@ -48,56 +42,48 @@ bool CElementInfoChoiceClsOpt::ElementToXml(const CXmlSerializationContext& cont
     return ElementToXmlCls(context, object, writer, true);
 }
 
-bool CElementInfoChoiceClsOpt::ElementFromXml(const CXmlSerializationContext& context,
-                                              CXmlGeneratedClass* object, CXmlElement* parent,
-                                              CXmlElement** cursor, const char16_t*, XmlElementType)
+bool CElementInfoChoiceClsOpt::Read(const SElementReading& reading) const
 {
     if (HasTag())
-        return TakeIfHere(context, cursor, [&] {
+        return TakeIfHere(reading, [&] {
             const CSmartPtr<CXmlObjectBase> child = Make();
-            StoreObject(object, child.Get());
-            ReadElement(context, child.Get(), cursor, true);
+            StoreObject(reading, child.Get());
+            ReadElement(reading, child.Get(), true);
         });
-    if (*cursor == nullptr)
+    if (*reading.cursor == nullptr)
         return false;
     const CSmartPtr<CXmlObjectBase> child = Make();
-    StoreObject(object, child.Get());
-    const bool taken = ReadRun(context, child.Get(), parent, cursor);
+    StoreObject(reading, child.Get());
+    const bool taken = ReadRun(reading, child.Get());
     if (!taken)
-        StoreObject(object, nullptr);
+        StoreObject(reading, nullptr);
     return taken;
 }
 
-bool CElementInfoChoiceAbsClsOpt::ElementFromXml(const CXmlSerializationContext& context,
-                                                 CXmlGeneratedClass* object, CXmlElement*,
-                                                 CXmlElement** cursor, const char16_t*,
-                                                 XmlElementType)
+bool CElementInfoChoiceAbsClsOpt::Read(const SElementReading& reading) const
 {
-    if (!IsThisElement(context, *cursor))
+    if (!IsHere(reading))
         return false;
-    const CSmartPtr<CXmlObjectBase> child = Make(*cursor);
-    StoreObject(object, child.Get());
+    const CSmartPtr<CXmlObjectBase> child = Make(*reading.cursor);
+    StoreObject(reading, child.Get());
     if (child != nullptr)
-        ReadElement(context, child.Get(), cursor, false);
+        ReadElement(reading, child.Get());
     return child != nullptr;
 }
 
-bool CElementInfoChoiceUntpdOpt::ElementFromXml(const CXmlSerializationContext& context,
-                                                CXmlGeneratedClass* object, CXmlElement* parent,
-                                                CXmlElement** cursor,
-                                                const char16_t* parentNamespace, XmlElementType)
+bool CElementInfoChoiceUntpdOpt::Read(const SElementReading& reading) const
 {
-    if (*cursor == nullptr)
+    if (*reading.cursor == nullptr)
         return false;
-    const bool taken = TakeNew(context, object, parent, cursor, parentNamespace);
+    const bool taken = TakeNew(reading);
     if (!taken)
-        StoreObject(object, nullptr);
+        StoreObject(reading, nullptr);
     return taken;
 }
 
 CElementInfoChoiceCol::CElementInfoChoiceCol(const char16_t* name, const char16_t* ns,
                                              int propertyIndex)
-    : CElementInfoChoice(name, ns, propertyIndex)
+    : CElementInfoReadingOf<CElementInfoChoice>(name, ns, propertyIndex)
 {}
 
 bool CElementInfoChoiceCol::ElementToXml(const CXmlSerializationContext& context,
@@ -106,32 +92,26 @@ bool CElementInfoChoiceCol::ElementToXml(const CXmlSerializationContext& context
     return ElementToXmlCol(context, object, writer);
 }
 
-bool CElementInfoChoiceCol::ElementFromXml(const CXmlSerializationContext& context,
-                                           CXmlGeneratedClass* object, CXmlElement* parent,
-                                           CXmlElement** cursor, const char16_t*,
-                                           XmlElementType classElementType)
+bool CElementInfoChoiceCol::Read(const SElementReading& reading) const
 {
-    const CSmartPtr<CXmlCollectionBase> collection = RequireCollection(object);
-    CXmlElement* next = *cursor;
-    if (!ReadItems(context, collection.Get(), parent, &next))
+    const CSmartPtr<CXmlCollectionBase> collection = RequireCollection(reading);
+    CXmlElement* const start = *reading.cursor;
+    if (!ReadItems(reading, collection.Get()))
         return false;
-    if (classElementType != XmlElementType_Element) {
-        // The items that were read stay in the collection.
-        if (!collection->IsValidCount(context))
-            return false;
-        *cursor = next;
+    if (reading.IsInElement()) {
+        collection->ValidateCount(reading.context);
         return true;
     }
-    *cursor = next;
-    collection->ValidateCount(context);
-    return true;
+    const bool isValid = collection->IsValidCount(reading.context);
+    if (!isValid)
+        *reading.cursor = start;  // the items that were read stay in the collection
+    return isValid;
 }
 
-bool CElementInfoChoiceCol::ReadItems(const CXmlSerializationContext& context,
-                                      CXmlCollectionBase* collection, CXmlElement* parent,
-                                      CXmlElement** cursor) const
+bool CElementInfoChoiceCol::ReadItems(const SElementReading& reading,
+                                      CXmlCollectionBase* collection) const
 {
-    return ReadRun(context, collection->GetBase(), parent, cursor);
+    return ReadRun(reading, collection->GetBase());
 }
 
 CElementInfoChoiceClsCol::CElementInfoChoiceClsCol(const char16_t* name, const char16_t* ns,
@@ -145,11 +125,10 @@ CElementInfoChoiceAbsClsCol::CElementInfoChoiceAbsClsCol(const char16_t* name, c
     : CElementInfoTypedOf<CElementInfoChoiceCol>(name, ns, propertyIndex, elementType)
 {}
 
-bool CElementInfoChoiceUntpdCol::ReadItems(const CXmlSerializationContext& context,
-                                           CXmlCollectionBase* collection, CXmlElement* parent,
-                                           CXmlElement** cursor) const
+bool CElementInfoChoiceUntpdCol::ReadItems(const SElementReading& reading,
+                                           CXmlCollectionBase* collection) const
 {
-    return ReadOpenElements(context, collection, parent, cursor);
+    return ReadOpenElements(reading, collection);
 }
 
 }  // namespace ZqXmlLib9Data

@@ -7,26 +7,6 @@
 #include <ZqXmlLib9/xml/XmlElement.h>
 
 namespace ZqXmlLib9Data {
-namespace {
-
-/// The search of a mandatory record: `search` moves the cursor to its element, `take` takes it. In
-/// a class without a tag a miss isn't final.
-template <typename TSearch, typename TTake, typename TFail>
-bool TakeRequired(const CXmlSerializationContext& context, XmlElementType classElementType,
-                  TSearch&& search, TTake&& take, TFail&& fail)
-{
-    if (search()) {
-        take();
-        return true;
-    }
-    if (classElementType != XmlElementType_Element)
-        return false;
-    if (!context.GetIgnoreMissingMandatoryElements())
-        fail();
-    return true;
-}
-
-}  // namespace
 
 CElementInfoSeq::CElementInfoSeq(const char16_t* name, const char16_t* ns, int propertyIndex)
     : CElementInfo(name, ns, propertyIndex)
@@ -50,43 +30,25 @@ CElementInfoSeqNonCol::CElementInfoSeqNonCol(const char16_t* name, const char16_
     : CElementInfoSeq(name, ns, propertyIndex)
 {}
 
-bool CElementInfoSeqPrimMnd::ElementFromXml(const CXmlSerializationContext& context,
-                                            CXmlGeneratedClass* object, CXmlElement*,
-                                            CXmlElement** cursor, const char16_t*,
-                                            XmlElementType classElementType)
+bool CElementInfoSeqPrimMnd::Read(const SElementReading& reading) const
 {
-    return TakeRequired(
-        context, classElementType, [&] { return ScanToThisElement(context, cursor); },
-        [&] { TakePrim(object, cursor); }, [&] { ThrowRequired(); });
+    return TakeRequired(reading, /*mayScan*/ true, [&] { TakePrim(reading); });
 }
 
-bool CElementInfoSeqPrimOpt::ElementFromXml(const CXmlSerializationContext& context,
-                                            CXmlGeneratedClass* object, CXmlElement*,
-                                            CXmlElement** cursor, const char16_t*, XmlElementType)
+bool CElementInfoSeqPrimOpt::Read(const SElementReading& reading) const
 {
-    TakeIfHere(context, cursor, [&] { TakePrim(object, cursor); });
+    TakeIfHere(reading, [&] { TakePrim(reading); });
     return true;
 }
 
-bool CElementInfoSeqEnumMnd::ElementFromXml(const CXmlSerializationContext& context,
-                                            CXmlGeneratedClass* object, CXmlElement*,
-                                            CXmlElement** cursor, const char16_t*,
-                                            XmlElementType classElementType)
+bool CElementInfoSeqEnumMnd::Read(const SElementReading& reading) const
 {
-    return TakeRequired(
-        context, classElementType,
-        [&] {
-            return classElementType == XmlElementType_Element ? ScanToThisElement(context, cursor)
-                                                              : IsThisElement(context, *cursor);
-        },
-        [&] { Take(object, cursor); }, [&] { ThrowRequired(); });
+    return TakeRequired(reading, /*mayScan*/ reading.IsInElement(), [&] { Take(reading); });
 }
 
-bool CElementInfoSeqEnumOpt::ElementFromXml(const CXmlSerializationContext& context,
-                                            CXmlGeneratedClass* object, CXmlElement*,
-                                            CXmlElement** cursor, const char16_t*, XmlElementType)
+bool CElementInfoSeqEnumOpt::Read(const SElementReading& reading) const
 {
-    TakeIfHere(context, cursor, [&] { Take(object, cursor); });
+    TakeIfHere(reading, [&] { Take(reading); });
     return true;
 }
 
@@ -98,135 +60,107 @@ CElementInfoSeqClsMnd::CElementInfoSeqClsMnd(const char16_t* name, const char16_
       m_hasRequiredContent(hasRequiredContent)
 {}
 
-bool CElementInfoSeqClsMnd::ElementFromXml(const CXmlSerializationContext& context,
-                                           CXmlGeneratedClass* object, CXmlElement* parent,
-                                           CXmlElement** cursor, const char16_t*,
-                                           XmlElementType classElementType)
+bool CElementInfoSeqClsMnd::Read(const SElementReading& reading) const
 {
     if (!HasTag())
-        return ReadGroup(context, object, parent, cursor, classElementType);
-    return TakeRequired(
-        context, classElementType,
-        [&] {
-            return classElementType == XmlElementType_Element ? ScanToThisElement(context, cursor)
-                                                              : IsThisElement(context, *cursor);
-        },
-        [&] { ReadElement(context, RequireObject(object).Get(), cursor, false); },
-        [&] { ThrowRequired(); });
+        return ReadGroup(reading);
+    return TakeRequired(reading, /*mayScan*/ reading.IsInElement(),
+                        [&] { ReadElement(reading, RequireObject(reading).Get()); });
 }
 
 /// A group without a tag reads straight from the cursor, also where nothing is left: the rules of
 /// its class for empty content apply then.
-bool CElementInfoSeqClsMnd::ReadGroup(const CXmlSerializationContext& context,
-                                      CXmlGeneratedClass* object, CXmlElement* parent,
-                                      CXmlElement** cursor, XmlElementType classElementType) const
+bool CElementInfoSeqClsMnd::ReadGroup(const SElementReading& reading) const
 {
-    const bool isElement = classElementType == XmlElementType_Element;
-    const bool wasAtEnd = *cursor == nullptr;
-    const bool taken = !(m_hasRequiredContent && wasAtEnd)
-                       && ReadRun(context, RequireObject(object).Get(), parent, cursor);
+    const bool isElement = reading.IsInElement();
+    const bool wasAtEnd = *reading.cursor == nullptr;
+    const bool taken =
+        !(m_hasRequiredContent && wasAtEnd) && ReadRun(reading, RequireObject(reading).Get());
     if (m_hasRequiredContent) {
         if (!taken && isElement)
             ThrowRequired();
         return taken;
     }
     // Where unknown elements are ignored, the walk skips one and comes again.
-    return taken || wasAtEnd || !isElement || !context.GetIgnoreUnknownElements();
+    return taken || wasAtEnd || !isElement || !reading.context.GetIgnoreUnknownElements();
 }
 
-bool CElementInfoSeqClsOpt::ElementFromXml(const CXmlSerializationContext& context,
-                                           CXmlGeneratedClass* object, CXmlElement* parent,
-                                           CXmlElement** cursor, const char16_t*, XmlElementType)
+bool CElementInfoSeqClsOpt::Read(const SElementReading& reading) const
 {
     if (HasTag()) {
-        TakeIfHere(context, cursor, [&] {
+        TakeIfHere(reading, [&] {
             const CSmartPtr<CXmlObjectBase> child = Make();
-            ReadElement(context, child.Get(), cursor, false);
-            StoreObject(object, child.Get());
+            ReadElement(reading, child.Get());
+            StoreObject(reading, child.Get());
         });
     }
-    else if (*cursor != nullptr) {
+    else if (*reading.cursor != nullptr) {
         const CSmartPtr<CXmlObjectBase> child = Make();
-        if (ReadRun(context, child.Get(), parent, cursor))
-            StoreObject(object, child.Get());
+        if (ReadRun(reading, child.Get()))
+            StoreObject(reading, child.Get());
     }
     return true;
 }
 
-bool CElementInfoSeqAbsClsMnd::ElementFromXml(const CXmlSerializationContext& context,
-                                              CXmlGeneratedClass* object, CXmlElement*,
-                                              CXmlElement** cursor, const char16_t*,
-                                              XmlElementType classElementType)
+bool CElementInfoSeqAbsClsMnd::Read(const SElementReading& reading) const
 {
     CSmartPtr<CXmlObjectBase> child;
-    if (IsThisElement(context, *cursor))
-        child = Make(*cursor);
+    if (IsHere(reading))
+        child = Make(*reading.cursor);
     if (child != nullptr) {
-        ReadElement(context, child.Get(), cursor, false);
-        StoreObject(object, child.Get());
+        ReadElement(reading, child.Get());
+        StoreObject(reading, child.Get());
         return true;
     }
-    if (classElementType != XmlElementType_Element)
+    if (!reading.IsInElement())
         return false;
     throw ZqXmlLib9::CZqValidationException(ZqXmlLib9::FormatString(
         u"Failed to find a suitable substitution element for [%s]", GetElementName()));
 }
 
-bool CElementInfoSeqAbsClsOpt::ElementFromXml(const CXmlSerializationContext& context,
-                                              CXmlGeneratedClass* object, CXmlElement*,
-                                              CXmlElement** cursor, const char16_t*, XmlElementType)
+bool CElementInfoSeqAbsClsOpt::Read(const SElementReading& reading) const
 {
-    TakeIfHere(context, cursor, [&] {
-        if (const CSmartPtr<CXmlObjectBase> child = Make(*cursor)) {
-            ReadElement(context, child.Get(), cursor, false);
-            StoreObject(object, child.Get());
+    TakeIfHere(reading, [&] {
+        if (const CSmartPtr<CXmlObjectBase> child = Make(*reading.cursor)) {
+            ReadElement(reading, child.Get());
+            StoreObject(reading, child.Get());
         }
     });
     return true;
 }
 
-bool CElementInfoSeqUntpdMnd::ElementFromXml(const CXmlSerializationContext& context,
-                                             CXmlGeneratedClass* object, CXmlElement* parent,
-                                             CXmlElement** cursor, const char16_t*,
-                                             XmlElementType classElementType)
+bool CElementInfoSeqUntpdMnd::Read(const SElementReading& reading) const
 {
-    if (*cursor == nullptr)
+    if (*reading.cursor == nullptr)
         ThrowRequired();
-    if (ReadOpenElement(context, RequireObject(object).Get(), parent, cursor))
+    if (ReadOpenElement(reading, RequireObject(reading).Get()))
         return true;
-    if (classElementType != XmlElementType_Element)
+    if (!reading.IsInElement())
         return false;
     throw ZqXmlLib9::CZqValidationException(ZqXmlLib9::FormatString(
         u"Failed to find the required element from namespace [%s]", GetElementNamespace()));
 }
 
-bool CElementInfoSeqUntpdOpt::ElementFromXml(const CXmlSerializationContext& context,
-                                             CXmlGeneratedClass* object, CXmlElement* parent,
-                                             CXmlElement** cursor, const char16_t* parentNamespace,
-                                             XmlElementType)
+bool CElementInfoSeqUntpdOpt::Read(const SElementReading& reading) const
 {
-    TakeNew(context, object, parent, cursor, parentNamespace);
+    TakeNew(reading);
     return true;
 }
 
-bool CElementInfoSeqCol::ElementFromXml(const CXmlSerializationContext& context,
-                                        CXmlGeneratedClass* object, CXmlElement* parent,
-                                        CXmlElement** cursor, const char16_t*,
-                                        XmlElementType classElementType)
+bool CElementInfoSeqCol::Read(const SElementReading& reading) const
 {
-    const CSmartPtr<CXmlCollectionBase> collection = RequireCollection(object);
-    ReadItems(context, collection.Get(), parent, cursor);
-    if (classElementType != XmlElementType_Element)
-        return collection->IsValidCount(context);
-    collection->ValidateCount(context);
+    const CSmartPtr<CXmlCollectionBase> collection = RequireCollection(reading);
+    ReadItems(reading, collection.Get());
+    if (!reading.IsInElement())
+        return collection->IsValidCount(reading.context);
+    collection->ValidateCount(reading.context);
     return true;
 }
 
-bool CElementInfoSeqCol::ReadItems(const CXmlSerializationContext& context,
-                                   CXmlCollectionBase* collection, CXmlElement* parent,
-                                   CXmlElement** cursor) const
+bool CElementInfoSeqCol::ReadItems(const SElementReading& reading,
+                                   CXmlCollectionBase* collection) const
 {
-    return ReadRun(context, collection->GetBase(), parent, cursor);
+    return ReadRun(reading, collection->GetBase());
 }
 
 CElementInfoSeqClsCol::CElementInfoSeqClsCol(const char16_t* name, const char16_t* ns,
@@ -239,11 +173,10 @@ CElementInfoSeqAbsClsCol::CElementInfoSeqAbsClsCol(const char16_t* name, const c
     : CElementInfoTypedOf<CElementInfoSeqCol>(name, ns, propertyIndex, elementType)
 {}
 
-bool CElementInfoSeqUntpdCol::ReadItems(const CXmlSerializationContext& context,
-                                        CXmlCollectionBase* collection, CXmlElement* parent,
-                                        CXmlElement** cursor) const
+bool CElementInfoSeqUntpdCol::ReadItems(const SElementReading& reading,
+                                        CXmlCollectionBase* collection) const
 {
-    return ReadOpenElements(context, collection, parent, cursor);
+    return ReadOpenElements(reading, collection);
 }
 
 }  // namespace ZqXmlLib9Data

@@ -365,6 +365,11 @@ std::uint32_t CBinaryData::ConvertToHexData(std::u16string_view text, unsigned c
     return length;
 }
 
+std::uint32_t CBinaryData::ConvertToHexData(const char16_t* text, unsigned char** data)
+{
+    return ConvertToHexData(TextOrEmpty(text), data);
+}
+
 std::u16string CBinaryData::GetAsBase64() const
 {
     return CBase64().Encode(GetData(), GetLength());

@@ -42,6 +42,19 @@ using ClassFactory = CSmartPtr<CXmlObjectBase> (*)(int classId, const char16_t* 
 /// no class fits. See `CClassfactoryBase`.
 using ElementFactory = CSmartPtr<CXmlObjectBase> (*)(CXmlElement* element);
 
+/// Where the walk of a class stands when it offers the cursor to a record.
+struct SElementReading {
+    const CXmlSerializationContext& context;
+    CXmlGeneratedClass* object;
+    CXmlElement* parent;
+    CXmlElement** cursor;             ///< the next child of `parent` to be taken; may be null
+    const char16_t* parentNamespace;  ///< what the class gives as its namespace
+    XmlElementType classElementType;
+
+    /// Whether the class has a tag, so that a miss is final.
+    bool IsInElement() const noexcept { return classElementType == XmlElementType_Element; }
+};
+
 /// One child element of a class: its name, its property, and how it is written, read and tested.
 ///
 /// A record has no state after its construction; all objects of its class and all threads share
@@ -134,63 +147,59 @@ protected:
     void ValidateCount(const CXmlSerializationContext& context,
                        const CXmlGeneratedClass* object) const;
 
+    /// Whether the element at the cursor is this record's.
+    bool IsHere(const SElementReading& reading) const;
     /// Moves the cursor to this record's element, past others where the context ignores unknown
     /// elements: a cursor that finds nothing then ends as null, and else stays.
-    bool ScanToThisElement(const CXmlSerializationContext& context, CXmlElement** cursor) const;
-
+    bool ScanToThisElement(const SElementReading& reading) const;
     /// Takes the element at the cursor if it is this record's.
     template <typename TTake>
-    bool TakeIfHere(const CXmlSerializationContext& context, CXmlElement** cursor,
-                    TTake&& take) const
+    bool TakeIfHere(const SElementReading& reading, TTake&& take) const
     {
-        const bool isHere = IsThisElement(context, *cursor);
+        const bool isHere = IsHere(reading);
         if (isHere)
             take();
         return isHere;
     }
 
     /// The take step of a primitive: stores the text at the cursor and moves on.
-    void TakePrim(CXmlGeneratedClass* object, CXmlElement** cursor) const;
+    void TakePrim(const SElementReading& reading) const;
     /// The take step of an enumeration.
-    void TakeEnum(CXmlGeneratedClass* object, CXmlElement** cursor,
-                  int (*fromString)(const char16_t*)) const;
+    void TakeEnum(const SElementReading& reading, int (*fromString)(const char16_t*)) const;
 
     /// The object or collection that a property holds; null if it holds none.
     CSmartPtr<CXmlObjectBase> ReadObject(const CXmlGeneratedClass* object) const;
     /// The same for a property that is read into without being set.
     /// \throws CZqInvalidStateException  "The property of the element [%s] has no object to read
     ///         into"
-    CSmartPtr<CXmlObjectBase> RequireObject(const CXmlGeneratedClass* object) const;
+    CSmartPtr<CXmlObjectBase> RequireObject(const SElementReading& reading) const;
     /// \throws CZqInvalidStateException  the same words
-    CSmartPtr<CXmlCollectionBase> RequireCollection(const CXmlGeneratedClass* object) const;
+    CSmartPtr<CXmlCollectionBase> RequireCollection(const SElementReading& reading) const;
     /// \param value  null unsets the property
-    void StoreObject(CXmlGeneratedClass* object, CXmlObjectBase* value) const;
+    void StoreObject(const SElementReading& reading, CXmlObjectBase* value) const;
     /// The object that a factory by class makes.
     /// \throws CZqInvalidStateException  "The factory of the element [%s] made no object"
     CSmartPtr<CXmlObjectBase> MakeObject(ClassFactory factory, int classId) const;
 
     /// Reads an object from the element at the cursor, and moves on.
-    void ReadElement(const CXmlSerializationContext& context, CXmlObjectBase* child,
-                     CXmlElement** cursor, bool isOptionalChoice) const;
+    void ReadElement(const SElementReading& reading, CXmlObjectBase* child,
+                     bool isOptionalChoice = false) const;
     /// Reads an object without a tag, or a collection, from the cursor on.
     /// \return whether it took anything; the cursor then stands behind it
-    bool ReadRun(const CXmlSerializationContext& context, CXmlObjectBase* child,
-                 CXmlElement* parent, CXmlElement** cursor) const;
+    bool ReadRun(const SElementReading& reading, CXmlObjectBase* child) const;
 
     /// A new open element for this record.
-    CSmartPtr<CXmlObjectBase> MakeOpenElement(const std::u16string& restriction,
-                                              const char16_t* parentNamespace,
+    CSmartPtr<CXmlObjectBase> MakeOpenElement(const SElementReading& reading,
+                                              const std::u16string& restriction,
                                               const std::u16string& targetNamespace) const;
     /// Reads an open element from the cursor, if the name there is this record's; the name
     /// `AnyElement` stands for all. The namespace is the matter of the open element.
-    bool ReadOpenElement(const CXmlSerializationContext& context, CXmlObjectBase* element,
-                         CXmlElement* parent, CXmlElement** cursor) const;
+    bool ReadOpenElement(const SElementReading& reading, CXmlObjectBase* element) const;
     /// Reads a collection of open elements from the cursor on: all of them for the name
     /// `AnyElement`, else those of this record's name and the namespace at the cursor.
     /// \throws CZqException  "Serialization Data Error : The collection should be a CElementCol, it
     ///         was not!"
-    bool ReadOpenElements(const CXmlSerializationContext& context, CXmlCollectionBase* elements,
-                          CXmlElement* parent, CXmlElement** cursor) const;
+    bool ReadOpenElements(const SElementReading& reading, CXmlCollectionBase* elements) const;
 
     /// The namespace that a new open element has by default under a restriction.
     static std::u16string GetAnyDefaultNamespace(const char16_t* restriction,

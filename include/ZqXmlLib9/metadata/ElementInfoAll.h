@@ -65,9 +65,7 @@ public:
     using CElementInfoAllMndOf::CElementInfoAllMndOf;
 
 protected:
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// A primitive that may be absent.
@@ -77,9 +75,7 @@ public:
     using CElementInfoAllOptOf::CElementInfoAllOptOf;
 
 protected:
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// An enumeration that stands exactly once.
@@ -89,9 +85,7 @@ public:
     using CElementInfoAllMndOf::CElementInfoAllMndOf;
 
 protected:
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// An enumeration that may be absent.
@@ -101,9 +95,7 @@ public:
     using CElementInfoAllOptOf::CElementInfoAllOptOf;
 
 protected:
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// An object that always exists: it is read in place, and no setter runs.
@@ -115,9 +107,7 @@ public:
                           bool hasRequiredContent);
 
 protected:
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
     bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* object,
                   bool found, bool failIfMissing) const override;
 
@@ -132,9 +122,7 @@ public:
     using CElementInfoAllOptOf::CElementInfoAllOptOf;
 
 protected:
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// An object that stands exactly once, and whose class the element decides.
@@ -147,9 +135,7 @@ public:
 
 protected:
     /// \throws CZqException  always: such a class can be written, but not read
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 
 private:
     [[maybe_unused]] int m_reserved;
@@ -163,9 +149,7 @@ public:
 
 protected:
     /// \throws CZqException  always: such a class can be written, but not read
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// An open element that always exists: it is read in place.
@@ -175,9 +159,7 @@ public:
     using CElementInfoAllMndOf::CElementInfoAllMndOf;
 
 protected:
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// An open element that may be absent.
@@ -187,9 +169,7 @@ public:
     using CElementInfoAllOptOf::CElementInfoAllOptOf;
 
 protected:
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// A collection. The record stays open for all sweeps. It is abstract, as all collections of an all
@@ -199,9 +179,7 @@ public:
     using CElementInfoCountedColOf::CElementInfoCountedColOf;
 
 protected:
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// A collection of primitives.

@@ -32,9 +32,7 @@ public:
     using CElementInfoPrimOf::CElementInfoPrimOf;
 
 protected:
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// An enumeration.
@@ -43,9 +41,7 @@ public:
     using CElementInfoEnumOf::CElementInfoEnumOf;
 
 protected:
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// An object. It is stored before it is read, so that the selection is made first; a group without
@@ -55,9 +51,7 @@ public:
     using CElementInfoClsOf::CElementInfoClsOf;
 
 protected:
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* object,
                       CXmlWriter* writer) const override;
 };
@@ -68,9 +62,7 @@ public:
     using CElementInfoAbsClsOf::CElementInfoAbsClsOf;
 
 protected:
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// An open element. One that took nothing unsets the property.
@@ -79,28 +71,23 @@ public:
     using CElementInfoUntpdOf::CElementInfoUntpdOf;
 
 protected:
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// A collection, which takes its whole run of elements as its one turn. An empty one lets the next
 /// member have its turn on output, whatever its bounds.
-class ZQXMLLIB9_API CElementInfoChoiceCol : public CElementInfoChoice {
+class ZQXMLLIB9_API CElementInfoChoiceCol : public CElementInfoReadingOf<CElementInfoChoice> {
 public:
     CElementInfoChoiceCol(const char16_t* name, const char16_t* ns, int propertyIndex);
 
 protected:
     /// \throws CZqValidationException  as `CXmlCollectionBase::ValidateCount`
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
     bool ElementToXml(const CXmlSerializationContext& context, const CXmlGeneratedClass* object,
                       CXmlWriter* writer) const override;
 
     /// Reads the run of the collection from the cursor on.
-    virtual bool ReadItems(const CXmlSerializationContext& context, CXmlCollectionBase* collection,
-                           CXmlElement* parent, CXmlElement** cursor) const;
+    virtual bool ReadItems(const SElementReading& reading, CXmlCollectionBase* collection) const;
 };
 
 /// A collection of primitives.
@@ -136,8 +123,7 @@ public:
     using CElementInfoChoiceCol::CElementInfoChoiceCol;
 
 protected:
-    bool ReadItems(const CXmlSerializationContext& context, CXmlCollectionBase* collection,
-                   CXmlElement* parent, CXmlElement** cursor) const override;
+    bool ReadItems(const SElementReading& reading, CXmlCollectionBase* collection) const override;
 };
 
 }  // namespace ZqXmlLib9Data

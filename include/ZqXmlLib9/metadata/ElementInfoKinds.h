@@ -34,6 +34,23 @@
 
 namespace ZqXmlLib9Data {
 
+/// A record that reads by one operation over where the walk stands.
+template <typename TGroup>
+class ZQXMLLIB9_API CElementInfoReadingOf : public TGroup {
+protected:
+    using TGroup::TGroup;
+
+    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
+                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
+                        XmlElementType classElementType) override
+    {
+        return Read({context, object, parent, cursor, parentNamespace, classElementType});
+    }
+
+    /// `ElementFromXml` of the record.
+    virtual bool Read(const SElementReading& reading) const = 0;
+};
+
 /// A record whose property is an object, or a collection of objects, with a tag or without one.
 template <typename TGroup>
 class ZQXMLLIB9_API CElementInfoTypedOf : public TGroup {
@@ -63,14 +80,15 @@ private:
 
 /// A primitive.
 template <typename TGroup>
-class ZQXMLLIB9_API CElementInfoPrimOf : public TGroup {
+class ZQXMLLIB9_API CElementInfoPrimOf : public CElementInfoReadingOf<TGroup> {
 public:
     /// \param format  of the text, see `ZqVariant::ToString`; the pointer is kept, not the text
     CElementInfoPrimOf(const char16_t* name, const char16_t* ns, int propertyIndex,
                        ItemType itemType, const char16_t* format,
                        CWhitespaceUtils::WhitespaceRule rule,
                        const CPrimitiveRestrictions& restrictions)
-        : TGroup(name, ns, propertyIndex, itemType, format, rule, restrictions)
+        : CElementInfoReadingOf<TGroup>(name, ns, propertyIndex, itemType, format, rule,
+                                        restrictions)
     {}
 
 protected:
@@ -83,13 +101,14 @@ protected:
 
 /// An enumeration: an integer in the object, a word in the document.
 template <typename TGroup>
-class ZQXMLLIB9_API CElementInfoEnumOf : public TGroup {
+class ZQXMLLIB9_API CElementInfoEnumOf : public CElementInfoReadingOf<TGroup> {
 public:
     /// \param fromString  takes the text as it stands, with its white space, and decides what an
     ///                    unknown word means
     CElementInfoEnumOf(const char16_t* name, const char16_t* ns, int propertyIndex,
                        const char16_t* (*toString)(int), int (*fromString)(const char16_t*))
-        : TGroup(name, ns, propertyIndex), m_toString(toString), m_fromString(fromString)
+        : CElementInfoReadingOf<TGroup>(name, ns, propertyIndex), m_toString(toString),
+          m_fromString(fromString)
     {}
 
 protected:
@@ -99,10 +118,7 @@ protected:
         return this->ElementToXmlEnum(context, object, writer, m_toString);
     }
 
-    void Take(CXmlGeneratedClass* object, CXmlElement** cursor) const
-    {
-        this->TakeEnum(object, cursor, m_fromString);
-    }
+    void Take(const SElementReading& reading) const { this->TakeEnum(reading, m_fromString); }
 
 private:
     const char16_t* (*m_toString)(int);
@@ -111,12 +127,12 @@ private:
 
 /// An object of a generated class.
 template <typename TGroup>
-class ZQXMLLIB9_API CElementInfoClsOf : public CElementInfoTypedOf<TGroup> {
+class ZQXMLLIB9_API CElementInfoClsOf : public CElementInfoTypedOf<CElementInfoReadingOf<TGroup>> {
 public:
     CElementInfoClsOf(const char16_t* name, const char16_t* ns, int propertyIndex,
                       XmlElementType elementType, ClassFactory factory, int classId)
-        : CElementInfoTypedOf<TGroup>(name, ns, propertyIndex, elementType), m_factory(factory),
-          m_classId(classId)
+        : CElementInfoTypedOf<CElementInfoReadingOf<TGroup>>(name, ns, propertyIndex, elementType),
+          m_factory(factory), m_classId(classId)
     {}
 
 protected:
@@ -135,11 +151,13 @@ private:
 
 /// An object whose class the element decides.
 template <typename TGroup>
-class ZQXMLLIB9_API CElementInfoAbsClsOf : public CElementInfoTypedOf<TGroup> {
+class ZQXMLLIB9_API CElementInfoAbsClsOf
+    : public CElementInfoTypedOf<CElementInfoReadingOf<TGroup>> {
 public:
     CElementInfoAbsClsOf(const char16_t* name, const char16_t* ns, int propertyIndex,
                          XmlElementType elementType, ElementFactory factory)
-        : CElementInfoTypedOf<TGroup>(name, ns, propertyIndex, elementType), m_factory(factory)
+        : CElementInfoTypedOf<CElementInfoReadingOf<TGroup>>(name, ns, propertyIndex, elementType),
+          m_factory(factory)
     {}
 
 protected:
@@ -158,12 +176,12 @@ private:
 
 /// An open element. The element name `AnyElement` stands for xs:any: every name is taken.
 template <typename TGroup>
-class ZQXMLLIB9_API CElementInfoUntpdOf : public TGroup {
+class ZQXMLLIB9_API CElementInfoUntpdOf : public CElementInfoReadingOf<TGroup> {
 public:
     /// \param namespaceRestriction  see `CXmlObjectBase::TestNamespace`
     CElementInfoUntpdOf(const char16_t* name, const char16_t* ns, int propertyIndex,
                         const char16_t* namespaceRestriction, const char16_t* targetNamespace)
-        : TGroup(name, ns, propertyIndex),
+        : CElementInfoReadingOf<TGroup>(name, ns, propertyIndex),
           m_namespaceRestriction(ZqXmlLib9::TextOrEmpty(namespaceRestriction)),
           m_targetNamespace(ZqXmlLib9::TextOrEmpty(targetNamespace))
     {}
@@ -175,21 +193,16 @@ protected:
         return this->ElementToXmlCls(context, object, writer, false);
     }
 
-    CSmartPtr<CXmlObjectBase> Make(const char16_t* parentNamespace) const
-    {
-        return this->MakeOpenElement(m_namespaceRestriction, parentNamespace, m_targetNamespace);
-    }
-
     /// Reads a new open element, and stores it if it took anything.
-    bool TakeNew(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                 CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace) const
+    bool TakeNew(const SElementReading& reading) const
     {
-        if (*cursor == nullptr)
+        if (*reading.cursor == nullptr)
             return false;
-        const CSmartPtr<CXmlObjectBase> element = Make(parentNamespace);
-        const bool taken = this->ReadOpenElement(context, element.Get(), parent, cursor);
+        const CSmartPtr<CXmlObjectBase> element =
+            this->MakeOpenElement(reading, m_namespaceRestriction, m_targetNamespace);
+        const bool taken = this->ReadOpenElement(reading, element.Get());
         if (taken)
-            this->StoreObject(object, element.Get());
+            this->StoreObject(reading, element.Get());
         return taken;
     }
 
@@ -200,10 +213,10 @@ private:
 
 /// A collection whose count is tested when it is written.
 template <typename TGroup>
-class ZQXMLLIB9_API CElementInfoCountedColOf : public TGroup {
+class ZQXMLLIB9_API CElementInfoCountedColOf : public CElementInfoReadingOf<TGroup> {
 public:
     CElementInfoCountedColOf(const char16_t* name, const char16_t* ns, int propertyIndex)
-        : TGroup(name, ns, propertyIndex)
+        : CElementInfoReadingOf<TGroup>(name, ns, propertyIndex)
     {}
 
 protected:

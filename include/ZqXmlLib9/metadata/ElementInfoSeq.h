@@ -6,6 +6,7 @@
 #pragma once
 
 #include <ZqXmlLib9/Export.h>
+#include <ZqXmlLib9/engine/XmlSerializationContext.h>
 #include <ZqXmlLib9/metadata/ElementInfoKinds.h>
 
 namespace ZqXmlLib9Data {
@@ -22,6 +23,22 @@ protected:
     /// \throws CZqException  "Not implemented, should never be called"
     bool Validate(const CXmlSerializationContext& context, const CXmlGeneratedClass* object,
                   bool found, bool failIfMissing) const override;
+
+    /// Takes the element of a mandatory record. A miss isn't final in a class without a tag, and is
+    /// good where missing mandatory elements are ignored.
+    /// \param mayScan  past other elements, where the context ignores unknown ones
+    /// \throws CZqValidationException  "Failed to find a required element [%s]"
+    template <typename TTake>
+    bool TakeRequired(const SElementReading& reading, bool mayScan, TTake&& take) const
+    {
+        if (mayScan ? ScanToThisElement(reading) : IsHere(reading)) {
+            take();
+            return true;
+        }
+        if (reading.IsInElement() && !reading.context.GetIgnoreMissingMandatoryElements())
+            ThrowRequired();
+        return reading.IsInElement();
+    }
 };
 
 /// A record of a single element that a program makes up; no record of the library derives from it.
@@ -39,9 +56,7 @@ protected:
     /// Scans past other elements where the context ignores unknown ones. A miss is good where
     /// missing mandatory elements are ignored. \throws CZqValidationException  "Failed to find a
     /// required element [%s]"
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// A primitive that may be absent.
@@ -50,9 +65,7 @@ public:
     using CElementInfoPrimOf::CElementInfoPrimOf;
 
 protected:
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// An enumeration that stands exactly once.
@@ -63,9 +76,7 @@ public:
 protected:
     /// As a primitive, but that it doesn't scan in a class without a tag.
     /// \throws CZqValidationException  "Failed to find a required element [%s]"
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// An enumeration that may be absent.
@@ -74,9 +85,7 @@ public:
     using CElementInfoEnumOf::CElementInfoEnumOf;
 
 protected:
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// An object that always exists: it is read in place, and no setter runs.
@@ -89,14 +98,10 @@ public:
 
 protected:
     /// \throws CZqValidationException  "Failed to find a required element [%s]"
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 
 private:
-    bool ReadGroup(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                   CXmlElement* parent, CXmlElement** cursor,
-                   XmlElementType classElementType) const;
+    bool ReadGroup(const SElementReading& reading) const;
 
     bool m_hasRequiredContent;
 };
@@ -107,9 +112,7 @@ public:
     using CElementInfoClsOf::CElementInfoClsOf;
 
 protected:
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// An object that stands exactly once, and whose class the element decides.
@@ -120,9 +123,7 @@ public:
 protected:
     /// Never scans forward.
     /// \throws CZqValidationException  "Failed to find a suitable substitution element for [%s]"
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// An object that may be absent, and whose class the element decides.
@@ -131,9 +132,7 @@ public:
     using CElementInfoAbsClsOf::CElementInfoAbsClsOf;
 
 protected:
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// An open element that always exists: it is read in place.
@@ -144,9 +143,7 @@ public:
 protected:
     /// \throws CZqValidationException  "Failed to find a required element [%s]", also in a class
     ///         without a tag; "Failed to find the required element from namespace [%s]"
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// An open element that may be absent.
@@ -155,9 +152,7 @@ public:
     using CElementInfoUntpdOf::CElementInfoUntpdOf;
 
 protected:
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 };
 
 /// A collection, which takes its whole run of elements at one go.
@@ -167,13 +162,10 @@ public:
 
 protected:
     /// \throws CZqValidationException  as `CXmlCollectionBase::ValidateCount`
-    bool ElementFromXml(const CXmlSerializationContext& context, CXmlGeneratedClass* object,
-                        CXmlElement* parent, CXmlElement** cursor, const char16_t* parentNamespace,
-                        XmlElementType classElementType) override;
+    bool Read(const SElementReading& reading) const override;
 
     /// Reads the run of the collection from the cursor on.
-    virtual bool ReadItems(const CXmlSerializationContext& context, CXmlCollectionBase* collection,
-                           CXmlElement* parent, CXmlElement** cursor) const;
+    virtual bool ReadItems(const SElementReading& reading, CXmlCollectionBase* collection) const;
 };
 
 /// A collection of primitives.
@@ -208,8 +200,7 @@ public:
     using CElementInfoSeqCol::CElementInfoSeqCol;
 
 protected:
-    bool ReadItems(const CXmlSerializationContext& context, CXmlCollectionBase* collection,
-                   CXmlElement* parent, CXmlElement** cursor) const override;
+    bool ReadItems(const SElementReading& reading, CXmlCollectionBase* collection) const override;
 };
 
 }  // namespace ZqXmlLib9Data

@@ -30,10 +30,12 @@ public:
     explicit CBinaryData(const char16_t* text);
 
     /// \param data           `length` octets
-    /// \param takeOwnership  true: the buffer adopts `data`, made by `new[]`; false: it copies
+    /// \param takeOwnership  true: the buffer adopts `data`, made by `new[]`, also where memory for
+    ///                       the buffer is lacking; false: it copies
     /// \throws CZqInvalidParamException  `data` is null and `length` is not 0
     CBinaryData(unsigned char* const data, std::uint32_t length, bool takeOwnership);
-    /// \throws CZqOverFlowException  the length is below 0, or 4 GiB or more
+    /// \throws CZqOverFlowException  the length is below 0, or 4 GiB or more; `data` stays the
+    ///         caller's
     template <UncheckedLength TLength>
     CBinaryData(unsigned char* const data, TLength length, bool takeOwnership)
         : CBinaryData(data, ToLength32(length), takeOwnership)
@@ -52,6 +54,7 @@ public:
     CBinaryData(const CBinaryData& other);
     CBinaryData(CBinaryData&& other) noexcept;
     CBinaryData& operator=(const CBinaryData& other);
+    /// The two exchange their contents.
     CBinaryData& operator=(CBinaryData&& other) noexcept;
     virtual ~CBinaryData();
 
@@ -133,6 +136,7 @@ protected:
     /// \return the octet count
     /// \throws CZqException  "Invalid char in hex string [%c]"; `data` is then unchanged
     static std::uint32_t ConvertToHexData(std::u16string_view text, unsigned char** data);
+    static std::uint32_t ConvertToHexData(const char16_t* text, unsigned char** data);
 
 private:
     class CBinaryDataBuffer;
