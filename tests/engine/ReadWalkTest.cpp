@@ -48,8 +48,11 @@ std::string Read(CCustom& object, const char* xml, unsigned flags)
     return outcome;
 }
 
+enum Model { SequenceOfTwo, ChoiceOfTwo, ChoiceOfCollection, AllOfThree };
+
 struct SCase {
     const char* name;
+    Model model;
     unsigned flags;
     const char* xml;
     const char* outcome;
@@ -68,109 +71,89 @@ constexpr const char* kNoA =
 constexpr const char* kNoB =
     "Failed to process the element [r]\nFailed to find a required element [b]";
 
-class Sequence : public testing::TestWithParam<SCase> {};
-
-TEST_P(Sequence, ReadsOrFails)
-{
-    CClass type(Info());
-    type.Text(u"a", 0).Text(u"b", 1);
-    const CSmartPtr<CCustom> object = new CCustom(type);
-    EXPECT_EQ(Read(*object, GetParam().xml, GetParam().flags), GetParam().outcome);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Strict, Sequence,
-    testing::Values(SCase{"Complete", None, "<r><a>1</a><b>2</b></r>", "0=1 1=2"},
-                    SCase{"WrongOrder", None, "<r><b>2</b><a>1</a></r>", kNoA},
-                    SCase{"Missing", None, "<r><a>1</a></r>", kNoB},
-                    SCase{"Nothing", None, "<r/>", kNoA},
-                    SCase{"Unknown", None, "<r><x/><a>1</a><b>2</b></r>", kNoA},
-                    SCase{"Leftover", None, "<r><a>1</a><b>2</b><x/></r>", kLeftover},
-                    SCase{"Repeated", None, "<r><a>1</a><a>1</a><b>2</b></r>", kNoB},
-                    SCase{"WrongNamespace", None, "<r xmlns='urn:x'><a>1</a><b>2</b></r>", kNoA}),
-    kRowName);
-INSTANTIATE_TEST_SUITE_P(
-    UnknownIgnored, Sequence,
-    testing::Values(SCase{"Scans", UnknownElements, "<r><x/><x/><a>1</a><x/><b>2</b><x/></r>",
-                          "0=1 1=2"},
-                    SCase{"EndsScan", UnknownElements, "<r><b>2</b><a>1</a></r>", kNoB},
-                    SCase{"NamespacesToo", UnknownElements | Namespaces,
-                          "<r xmlns:p='urn:p'><x/><p:a>1</p:a><b>2</b></r>", "0=1 1=2"}),
-    kRowName);
-INSTANTIATE_TEST_SUITE_P(MissingIgnored, Sequence,
-                         testing::Values(SCase{"First", MissingMandatory, "<r><b>2</b></r>", "1=2"},
-                                         SCase{"All", MissingMandatory, "<r/>", ""},
-                                         SCase{"LeftoverStays", MissingMandatory, "<r><x/></r>",
-                                               kLeftover}),
-                         kRowName);
-
-class Choice : public testing::TestWithParam<SCase> {};
-
-TEST_P(Choice, ReadsOrFails)
-{
-    CClass type(Info(XmlElementGroupType_Choice));
-    type.Text<CElementInfoChoicePrimOpt>(u"a", 0).Text<CElementInfoChoicePrimOpt>(u"b", 1);
-    const CSmartPtr<CCustom> object = new CCustom(type);
-    EXPECT_EQ(Read(*object, GetParam().xml, GetParam().flags), GetParam().outcome);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Members, Choice,
-    testing::Values(SCase{"Second", None, "<r><b>2</b></r>", "1=2"},
-                    SCase{"OptionalMembersMayAllBeAbsent", None, "<r/>", ""},
-                    SCase{"Unknown", None, "<r><x/></r>", kLeftover},
-                    SCase{"Leftover", None, "<r><a>1</a><x/></r>", kLeftover},
-                    SCase{"Scans", UnknownElements, "<r><x/><x/><b>2</b><x/></r>", "1=2"},
-                    SCase{"ScansToTheEnd", UnknownElements, "<r><x/></r>", ""}),
-    kRowName);
-
-class ChoiceOfCollection : public testing::TestWithParam<SCase> {};
-
-TEST_P(ChoiceOfCollection, NeedsAMemberUnlessIgnored)
-{
-    CClass type(Info(XmlElementGroupType_Choice));
-    type.Element<CElementInfoChoiceClsCol>(u"item", u"", 0, XmlElementType_Element);
-    const CSmartPtr<CCustom> object = new CCustom(type);
-    (*object)[0] = CollectionValue(new CItemCol(u"item", u"", 1, -1));
-    EXPECT_EQ(Read(*object, GetParam().xml, GetParam().flags), GetParam().outcome);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Members, ChoiceOfCollection,
-    testing::Values(SCase{"Run", None, "<r><item/><item/></r>", ""},
-                    SCase{"None", None, "<r/>", kNoChoice},
-                    SCase{"Unknown", None, "<r><x/></r>", kNoChoice},
-                    SCase{"NoneIgnored", MissingChoice, "<r/>", ""},
-                    SCase{"UnknownThenLeftover", MissingChoice, "<r><x/></r>", kLeftover},
-                    SCase{"ScansToTheEnd", UnknownElements, "<r><x/></r>", kNoChoice}),
-    kRowName);
-
-class All : public testing::TestWithParam<SCase> {};
-
-TEST_P(All, ReadsOrFails)
-{
-    CClass type(Info(XmlElementGroupType_All));
-    type.Text<CElementInfoAllPrimMnd>(u"a", 0)
-        .Text<CElementInfoAllPrimOpt>(u"b", 1)
-        .Text<CElementInfoAllPrimMnd>(u"c", 2);
-    const CSmartPtr<CCustom> object = new CCustom(type);
-    EXPECT_EQ(Read(*object, GetParam().xml, GetParam().flags), GetParam().outcome);
-}
-
 constexpr const char* kNoC =
     "Failed to process the element [r]\nFailed to find the mandatory element [c]";
+constexpr auto kSequence = XmlElementGroupType_Sequence;
+constexpr auto kChoice = XmlElementGroupType_Choice;
+constexpr auto kAll = XmlElementGroupType_All;
 
+/// What a class of each group makes of a document. The classes are a sequence of a and b, a choice
+/// of a and b, a choice of a collection of at least one item, and an all group of a, b and c of
+/// which b is optional.
+class Walk : public testing::TestWithParam<SCase> {};
+
+CClass MakeClass(Model model)
+{
+    switch (model) {
+    case SequenceOfTwo: return std::move(CClass(Info(kSequence)).Text(u"a", 0).Text(u"b", 1));
+    case ChoiceOfTwo:
+        return std::move(CClass(Info(kChoice))
+                             .Text<CElementInfoChoicePrimOpt>(u"a", 0)
+                             .Text<CElementInfoChoicePrimOpt>(u"b", 1));
+    case ChoiceOfCollection:
+        return std::move(
+            CClass(Info(kChoice))
+                .Element<CElementInfoChoiceClsCol>(u"item", u"", 7, XmlElementType_Element));
+    default:
+        return std::move(CClass(Info(kAll))
+                             .Text<CElementInfoAllPrimMnd>(u"a", 0)
+                             .Text<CElementInfoAllPrimOpt>(u"b", 1)
+                             .Text<CElementInfoAllPrimMnd>(u"c", 2));
+    }
+}
+
+TEST_P(Walk, ReadsOrFails)
+{
+    CClass type = MakeClass(GetParam().model);
+    const CSmartPtr<CCustom> object = new CCustom(type);
+    (*object)[7] = CollectionValue(new CItemCol(u"item", u"", 1, -1));
+    EXPECT_EQ(Read(*object, GetParam().xml, GetParam().flags), GetParam().outcome);
+}
+
+#define SEQ SequenceOfTwo
 INSTANTIATE_TEST_SUITE_P(
-    Orders, All,
-    testing::Values(SCase{"Reverse", None, "<r><c>3</c><b>2</b><a>1</a></r>", "0=1 1=2 2=3"},
-                    SCase{"OptionalAbsent", None, "<r><c>3</c><a>1</a></r>", "0=1 2=3"},
-                    SCase{"MandatoryAbsent", None, "<r><a>1</a></r>", kNoC},
-                    SCase{"NoFlagHelps", MissingMandatory, "<r><a>1</a></r>", kNoC},
-                    SCase{"Repeated", None, "<r><a>1</a><a>9</a><c>3</c></r>", kNoC},
-                    SCase{"Leftover", None, "<r><c>3</c><a>1</a><x/></r>", kLeftover},
-                    SCase{"StopsAtUnknown", UnknownElements, "<r><a>1</a><x/><c>3</c></r>", kNoC},
-                    SCase{"DropsTheRest", UnknownElements, "<r><c>3</c><a>1</a><x/></r>",
-                          "0=1 2=3"}),
+    Sequence, Walk,
+    testing::Values(
+        SCase{"Complete", SEQ, None, "<r><a>1</a><b>2</b></r>", "0=1 1=2"},
+        SCase{"WrongOrder", SEQ, None, "<r><b>2</b><a>1</a></r>", kNoA},
+        SCase{"Nothing", SEQ, None, "<r/>", kNoA},
+        SCase{"Unknown", SEQ, None, "<r><x/><a>1</a><b>2</b></r>", kNoA},
+        SCase{"Leftover", SEQ, None, "<r><a>1</a><b>2</b><x/></r>", kLeftover},
+        SCase{"Repeated", SEQ, None, "<r><a>1</a><a>1</a><b>2</b></r>", kNoB},
+        SCase{"WrongNamespace", SEQ, None, "<r xmlns='urn:x'><a>1</a><b>2</b></r>", kNoA},
+        SCase{"Scans", SEQ, UnknownElements, "<r><x/><a>1</a><x/><b>2</b><x/></r>", "0=1 1=2"},
+        SCase{"EndsScan", SEQ, UnknownElements, "<r><b>2</b><a>1</a></r>", kNoB},
+        SCase{"NoNamespaces", SEQ, Namespaces, "<r xmlns:p='u'><p:a>1</p:a><b>2</b></r>",
+              "0=1 1=2"},
+        SCase{"FirstMissing", SEQ, MissingMandatory, "<r><b>2</b></r>", "1=2"},
+        SCase{"AllMissing", SEQ, MissingMandatory, "<r/>", ""},
+        SCase{"MissingAndLeftover", SEQ, MissingMandatory, "<r><x/></r>", kLeftover}),
+    kRowName);
+INSTANTIATE_TEST_SUITE_P(
+    Choice, Walk,
+    testing::Values(
+        SCase{"Second", ChoiceOfTwo, None, "<r><b>2</b></r>", "1=2"},
+        SCase{"OptionalMembersMayBeAbsent", ChoiceOfTwo, None, "<r/>", ""},
+        SCase{"Leftover", ChoiceOfTwo, None, "<r><a>1</a><x/></r>", kLeftover},
+        SCase{"Scans", ChoiceOfTwo, UnknownElements, "<r><x/><b>2</b><x/></r>", "1=2"},
+        SCase{"Run", ChoiceOfCollection, None, "<r><item/><item/></r>", ""},
+        SCase{"None", ChoiceOfCollection, None, "<r/>", kNoChoice},
+        SCase{"Unknown", ChoiceOfCollection, None, "<r><x/></r>", kNoChoice},
+        SCase{"NoneIgnored", ChoiceOfCollection, MissingChoice, "<r/>", ""},
+        SCase{"UnknownStays", ChoiceOfCollection, MissingChoice, "<r><x/></r>", kLeftover},
+        SCase{"ScansToTheEnd", ChoiceOfCollection, UnknownElements, "<r><x/></r>", kNoChoice}),
+    kRowName);
+#define ALL AllOfThree
+INSTANTIATE_TEST_SUITE_P(
+    All, Walk,
+    testing::Values(
+        SCase{"Reverse", ALL, None, "<r><c>3</c><b>2</b><a>1</a></r>", "0=1 1=2 2=3"},
+        SCase{"OptionalAbsent", ALL, None, "<r><c>3</c><a>1</a></r>", "0=1 2=3"},
+        SCase{"NoFlagHelps", ALL, MissingMandatory, "<r><a>1</a></r>", kNoC},
+        SCase{"Repeated", ALL, None, "<r><a>1</a><a>9</a><c>3</c></r>", kNoC},
+        SCase{"Leftover", ALL, None, "<r><c>3</c><a>1</a><x/></r>", kLeftover},
+        SCase{"StopsAtUnknown", ALL, UnknownElements, "<r><a>1</a><x/><c>3</c></r>", kNoC},
+        SCase{"DropsTheRest", ALL, UnknownElements, "<r><c>3</c><a>1</a><x/></r>", "0=1 2=3"}),
     kRowName);
 
 /// A sequence of an element `first`, a group without a tag of a and b, and an element z.
@@ -213,9 +196,6 @@ constexpr const char* kNoZ =
     "Failed to process the element [r]\nFailed to find a required element [z]";
 constexpr const char* kNoGroup =
     "Failed to process the element [r]\nFailed to find a required element [group]";
-constexpr auto kSequence = XmlElementGroupType_Sequence;
-constexpr auto kChoice = XmlElementGroupType_Choice;
-constexpr auto kAll = XmlElementGroupType_All;
 
 INSTANTIATE_TEST_SUITE_P(
     Kinds, PseudoGroup,
@@ -227,10 +207,6 @@ INSTANTIATE_TEST_SUITE_P(
                     "<r><first>0</first><a>1</a><z>3</z></r>", "init;set 0;", kNoZ},
         SPseudoCase{"SequenceCutShortRequired", kSequence, true, None,
                     "<r><first>0</first><a>1</a><z>3</z></r>", "init;set 0;", kNoGroup},
-        SPseudoCase{"SequenceAbsent", kSequence, false, None, "<r><first>0</first><z>3</z></r>",
-                    "init;", "1=0 2=3"},
-        SPseudoCase{"NothingLeft", kSequence, false, None, "<r><first>0</first></r>", "init;",
-                    kNoZ},
         SPseudoCase{"NothingLeftRequired", kSequence, true, None, "<r><first>0</first></r>", "",
                     kNoGroup},
         SPseudoCase{"ComesAgainBehindUnknown", kSequence, false, UnknownElements,
@@ -238,8 +214,6 @@ INSTANTIATE_TEST_SUITE_P(
                     "1=0 2=3"},
         SPseudoCase{"Choice", kChoice, true, None, "<r><first>0</first><b>2</b><z>3</z></r>",
                     "init;set 1;", "1=0 2=3"},
-        SPseudoCase{"ChoiceAbsent", kChoice, false, None, "<r><first>0</first><z>3</z></r>",
-                    "init;", "1=0 2=3"},
         SPseudoCase{"All", kAll, true, None, "<r><first>0</first><b>2</b><a>1</a><z>3</z></r>",
                     "init;set 1;set 0;", "1=0 2=3"},
         SPseudoCase{"AllCutShort", kAll, true, None, "<r><first>0</first><b>2</b><z>3</z></r>",
