@@ -31,8 +31,9 @@ CAttributeCol::~CAttributeCol() = default;
 
 CSmartPtr<CAttribute> CAttributeCol::Add(CAttribute* attribute)
 {
+    CSmartPtr<CAttribute> added(attribute);
     AppendItem(attribute);
-    return attribute;
+    return added;
 }
 
 CSmartPtr<CAttribute> CAttributeCol::Add(const char16_t* name)

@@ -139,17 +139,30 @@ void CElement::FromXml(const char16_t* xml)
 
 void CElement::CopyXmlElement(const CXmlElement* element)
 {
-    std::vector<std::pair<const CXmlElement*, CElement*>> waiting{{element, this}};
-    while (!waiting.empty()) {
-        const auto [source, target] = waiting.back();
-        waiting.pop_back();
-        target->TakeWithoutChildren(*source);
-        for (const CXmlElement* child = source->GetFirstElement(); child != nullptr;
-             child = child->GetNextSiblingElement()) {
-            CElement* const copy = new CElement(child->GetLocalName().c_str());
-            target->m_childElements->Add(copy);
-            waiting.emplace_back(child, copy);
+    if (element == nullptr)
+        throw CZqInvalidParamException(u"The element to read from is null");
+    // A child is added once it is complete.
+    struct SLevel {
+        CElement* target;
+        CSmartPtr<CElement> hold;  ///< of a child; whoever calls holds the outermost
+        const CXmlElement* nextChild;
+    };
+    TakeWithoutChildren(*element);
+    std::vector<SLevel> levels{{this, nullptr, element->GetFirstElement()}};
+    while (true) {
+        SLevel& level = levels.back();
+        if (const CXmlElement* const child = level.nextChild) {
+            level.nextChild = child->GetNextSiblingElement();
+            const CSmartPtr<CElement> copy(new CElement(child->GetLocalName().c_str()));
+            copy->TakeWithoutChildren(*child);
+            levels.push_back({copy.Get(), copy, child->GetFirstElement()});
+            continue;
         }
+        const CSmartPtr<CElement> complete = level.hold;
+        levels.pop_back();
+        if (levels.empty())
+            return;
+        levels.back().target->m_childElements->Add(complete.Get());
     }
 }
 
@@ -215,7 +228,7 @@ void CElement::WriteAsDocument(CXmlTextWriter& writer) const
 {
     CTextStream stream(XmlEncoding_None);
     CXmlTextWriter inner(&stream);
-    inner.SetMaxDepth(writer.GetRemainingDepth());
+    inner.ContinueDepthOf(writer);
     inner.SetEOLType(writer.GetEOLType());
     inner.SetFormat(writer.GetFormat());
     inner.SetDefaultNamespace(m_defaultNamespace);
@@ -223,7 +236,7 @@ void CElement::WriteAsDocument(CXmlTextWriter& writer) const
     CXmlSerializationContext context;
     context.SetDefaultNamespaceURI(m_defaultNamespace.c_str());
     for (const CAttribute* attribute : *m_attributes)
-        if (!IsDefaultDeclaration(attribute->GetName()))
+        if (!attribute->GetNamespace().empty() || !IsDefaultDeclaration(attribute->GetName()))
             ToXml_Int(attribute->GetBase(), &inner, false, m_namespace.c_str(), context, false);
     ToXml_Int(m_childElements.Get(), &inner, false, m_namespace.c_str(), context, false);
     inner.WriteText(m_text, ItemType_string);

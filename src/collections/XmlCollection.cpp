@@ -43,6 +43,7 @@ void CXmlCollection::Add(CXmlObjectBase* item, TFindNext&& findNext)
     if (item == nullptr)
         throw CZqInvalidParamException(u"The object to add is null");
     const CHold hold(*this);
+    const CSmartPtr<CXmlObjectBase> holdItem(item);
     auto node = std::make_unique<CNode>();
     node->item = item;
     FireOnCollectionAdd(item);

@@ -9,6 +9,12 @@
 namespace ZqXmlLib9 {
 namespace {
 
+template <typename... TInfos>
+bool IsOneOf(const CElementInfo* info)
+{
+    return ((dynamic_cast<const TInfos*>(info) != nullptr) || ...);
+}
+
 /// Deletes the records of an array up to its null entry, and the array.
 template <typename TInfo>
 void DeleteInfos(TInfo**& infos)
@@ -46,10 +52,13 @@ bool CXmlGeneratedClass::IsElementInList(const CXmlSerializationContext& context
 bool CXmlGeneratedClass::DoesElementContainOptionalElements() const
 {
     for (CElementInfo** info = GetClassElementInfo(); info != nullptr && *info != nullptr; ++info) {
-        if (dynamic_cast<const ZqXmlLib9Data::CElementInfoChoice*>(*info) == nullptr)
-            continue;
-        if (dynamic_cast<const ZqXmlLib9Data::CElementInfoChoiceCol*>(*info) == nullptr)
+        using namespace ZqXmlLib9Data;
+        if (IsOneOf<CElementInfoChoicePrimOpt, CElementInfoChoiceEnumOpt, CElementInfoChoiceClsOpt,
+                    CElementInfoChoiceAbsClsOpt, CElementInfoChoiceUntpdOpt>(*info))
             return true;
+        if (!IsOneOf<CElementInfoChoicePrimCol, CElementInfoChoiceEnumCol, CElementInfoChoiceClsCol,
+                     CElementInfoChoiceAbsClsCol, CElementInfoChoiceUntpdCol>(*info))
+            continue;
         ZqVariant value;
         (*info)->ReadProperty(this, value);
         const CSmartPtr<CXmlCollectionBase> collection = value.GetXmlCollection();

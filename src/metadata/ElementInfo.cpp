@@ -220,12 +220,11 @@ CSmartPtr<CXmlObjectBase> CElementInfo::ReadObject(const CXmlGeneratedClass* obj
     return collection != nullptr ? collection->GetBase() : nullptr;
 }
 
-CSmartPtr<CXmlObjectBase> CElementInfo::RequireObject(const SElementReading& reading) const
+CXmlObjectBase* CElementInfo::RequireObject(const CSmartPtr<CXmlObjectBase>& held) const
 {
-    CSmartPtr<CXmlObjectBase> held = ReadObject(reading.object);
     if (held == nullptr)
         ThrowNothingToReadInto(m_elementName);
-    return held;
+    return held.Get();
 }
 
 CSmartPtr<CXmlCollectionBase> CElementInfo::RequireCollection(const SElementReading& reading) const

@@ -74,9 +74,10 @@ CElementInfoAllClsMnd::CElementInfoAllClsMnd(const char16_t* name, const char16_
 
 bool CElementInfoAllClsMnd::Read(const SElementReading& reading) const
 {
+    const CSmartPtr<CXmlObjectBase> child = ReadObject(reading.object);
     if (!HasTag())
-        return ReadRun(reading, RequireObject(reading).Get());
-    return TakeIfHere(reading, [&] { ReadElement(reading, RequireObject(reading).Get()); });
+        return ReadRun(reading, RequireObject(child));
+    return TakeIfHere(reading, [&] { ReadElement(reading, RequireObject(child)); });
 }
 
 bool CElementInfoAllClsMnd::Validate(const CXmlSerializationContext&, const CXmlGeneratedClass*,
@@ -124,7 +125,8 @@ bool CElementInfoAllAbsClsOpt::Read(const SElementReading&) const
 
 bool CElementInfoAllUntpdMnd::Read(const SElementReading& reading) const
 {
-    return *reading.cursor != nullptr && ReadOpenElement(reading, RequireObject(reading).Get());
+    return *reading.cursor != nullptr
+           && ReadOpenElement(reading, RequireObject(ReadObject(reading.object)));
 }
 
 bool CElementInfoAllUntpdOpt::Read(const SElementReading& reading) const

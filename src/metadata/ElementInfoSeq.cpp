@@ -62,20 +62,22 @@ CElementInfoSeqClsMnd::CElementInfoSeqClsMnd(const char16_t* name, const char16_
 
 bool CElementInfoSeqClsMnd::Read(const SElementReading& reading) const
 {
+    const CSmartPtr<CXmlObjectBase> child = ReadObject(reading.object);
     if (!HasTag())
-        return ReadGroup(reading);
+        return ReadGroup(reading, child);
     return TakeRequired(reading, /*mayScan*/ reading.IsInElement(),
-                        [&] { ReadElement(reading, RequireObject(reading).Get()); });
+                        [&] { ReadElement(reading, RequireObject(child)); });
 }
 
 /// A group without a tag reads straight from the cursor, also where nothing is left: the rules of
 /// its class for empty content apply then.
-bool CElementInfoSeqClsMnd::ReadGroup(const SElementReading& reading) const
+bool CElementInfoSeqClsMnd::ReadGroup(const SElementReading& reading,
+                                      const CSmartPtr<CXmlObjectBase>& child) const
 {
     const bool isElement = reading.IsInElement();
     const bool wasAtEnd = *reading.cursor == nullptr;
     const bool taken =
-        !(m_hasRequiredContent && wasAtEnd) && ReadRun(reading, RequireObject(reading).Get());
+        !(m_hasRequiredContent && wasAtEnd) && ReadRun(reading, RequireObject(child));
     if (m_hasRequiredContent) {
         if (!taken && isElement)
             ThrowRequired();
@@ -131,9 +133,10 @@ bool CElementInfoSeqAbsClsOpt::Read(const SElementReading& reading) const
 
 bool CElementInfoSeqUntpdMnd::Read(const SElementReading& reading) const
 {
+    const CSmartPtr<CXmlObjectBase> element = ReadObject(reading.object);
     if (*reading.cursor == nullptr)
         ThrowRequired();
-    if (ReadOpenElement(reading, RequireObject(reading).Get()))
+    if (ReadOpenElement(reading, RequireObject(element)))
         return true;
     if (!reading.IsInElement())
         return false;

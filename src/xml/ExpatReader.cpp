@@ -32,6 +32,31 @@ const char16_t* Wide(const XML_Char* text)
     return reinterpret_cast<const char16_t*>(text);
 }
 
+/// The encodings that the parser knows by name.
+constexpr std::u16string_view kOtherEncodings[] = {u"utf-8", u"us-ascii", u"iso-8859-1",
+                                                   u"utf-16le", u"utf-16be"};
+
+/// Whether the text of an entity refers to another entity that is declared in a document.
+bool RefersToEntity(std::u16string_view text)
+{
+    constexpr std::u16string_view kPredefined[] = {u"amp;", u"lt;", u"gt;", u"apos;", u"quot;"};
+    for (std::size_t i = 0; (i = text.find(u'&', i)) != std::u16string_view::npos;) {
+        const std::u16string_view name = text.substr(++i);
+        if (std::ranges::none_of(kPredefined, [&](auto p) { return name.starts_with(p); }))
+            return true;
+    }
+    return false;
+}
+
+/// The defect that Utf16Input.h tells of is left where an attribute refers to an entity.
+/// \param what  a format that takes `name`
+void RequireWhole(std::u16string_view value, const char16_t* what, std::u16string_view name)
+{
+    if (FindUnpairedSurrogate(value) != kWholeText)
+        throw CZqException(FormatString(what, name)
+                           + u" can not be read, the parser cut a character");
+}
+
 struct SName {
     std::u16string_view uri;
     std::u16string_view localName;
@@ -155,10 +180,10 @@ void CExpatReader::Initialise()
         XML_SetCdataSectionHandler(parser, SExpatCallbacks::StartCData, SExpatCallbacks::EndCData);
 }
 
-void CExpatReader::UseUtf16(CUtf16Input::EOrder order)
+void CExpatReader::UseUtf16(const CUtf16Input& input)
 {
     m_isAtStart = false;
-    m_utf16.emplace(order);
+    m_utf16 = input;
     // What the declaration names is tested by the handler, since the parser gets UTF-8.
     constexpr XML_Char kUtf8[] = {'U', 'T', 'F', '-', '8', 0};
     if (XML_SetEncoding(m_parser.get(), kUtf8) != XML_STATUS_OK)
@@ -170,7 +195,7 @@ void CExpatReader::ParseBuffer(std::span<const std::byte> data, bool final)
 {
     if (std::exchange(m_isAtStart, false))
         if (const std::optional<CUtf16Input::EOrder> order = CUtf16Input::Detect(data))
-            UseUtf16(*order);
+            UseUtf16(CUtf16Input(*order, true));
     if (!m_utf16) {
         Feed(data, final);
         return;
@@ -224,11 +249,7 @@ void CExpatReader::OnStartElement(std::u16string_view name, const char16_t* cons
             : m_document->AddChildElement(elementName.uri, elementName.localName);
     for (; *attributes != nullptr; attributes += 2) {
         const SName attributeName = SplitName(attributes[0]);
-        // The defect that Utf16Input.h tells of is left where an attribute refers to an entity.
-        if (FindUnpairedSurrogate(attributes[1]) != kWholeText)
-            throw CZqException(FormatString(
-                u"The value of the attribute [%s] can not be read, the parser cut a character",
-                attributeName.localName));
+        RequireWhole(attributes[1], u"The value of the attribute [%s]", attributeName.localName);
         CXmlDocument::AddElementAttribute(element, attributeName.localName, attributes[1],
                                           attributeName.uri);
     }
@@ -257,6 +278,7 @@ void CExpatReader::OnEndCData()
 
 void CExpatReader::OnStartNamespace(std::u16string_view prefix, std::u16string_view uri)
 {
+    RequireWhole(uri, u"The namespace of the prefix [%s]", prefix);
     m_document->SetAlias(prefix, uri);
 }
 
@@ -265,16 +287,18 @@ void CExpatReader::OnEndNamespace() {}
 void CExpatReader::OnXmlDeclaration(std::u16string_view encoding) const
 {
     const bool isLittle = m_utf16->GetOrder() == CUtf16Input::EOrder::LittleEndian;
-    if (!encoding.empty() && !EqualsIgnoringCase(encoding, u"utf-16")
-        && !EqualsIgnoringCase(encoding, isLittle ? u"utf-16le" : u"utf-16be"))
-        throw CZqException(u"incorrect encoding at line 1");
+    const auto is = [&](std::u16string_view name) { return EqualsIgnoringCase(encoding, name); };
+    if (encoding.empty() || is(u"utf-16") || is(isLittle ? u"utf-16le" : u"utf-16be"))
+        return;
+    const bool isKnown = std::ranges::any_of(kOtherEncodings, is);
+    throw CZqException(isKnown ? u"incorrect encoding at line 1" : u"unknown encoding at line 1");
 }
 
 void CExpatReader::OnEntity(std::u16string_view text)
 {
     // Expat up to 2.6 expands an entity within an entity on the stack, as deep as a document likes.
     const int levels = m_document->GetContext().GetMaxDepth();
-    if (text.find(u'&') != std::u16string_view::npos && ++m_nestingEntities > levels)
+    if (RefersToEntity(text) && ++m_nestingEntities > levels)
         throw CZqException(FormatString(u"The document is nested deeper than %d levels", levels));
 }
 

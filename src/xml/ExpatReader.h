@@ -34,9 +34,9 @@ public:
     /// Makes the parser, by the settings of the document and its context.
     void Initialise();
 
-    /// Takes the document for UTF-16, whatever it begins with; without this call the first piece
-    /// decides.
-    void UseUtf16(CUtf16Input::EOrder order);
+    /// Takes the document for UTF-16 without a mark, whatever it begins with; without this call the
+    /// first piece decides.
+    void UseUtf16(CUtf16Input::EOrder order) { UseUtf16(CUtf16Input(order, false)); }
 
     /// Parses the next piece of the document; `final` says that it is the last.
     /// \throws CZqException  "%s at line %d"; and whatever the building of the tree threw
@@ -59,6 +59,7 @@ private:
     void OnXmlDeclaration(std::u16string_view encoding) const;
     void OnEntity(std::u16string_view text);
 
+    void UseUtf16(const CUtf16Input& input);
     void Feed(std::span<const std::byte> data, bool final);
     void FlushText();
     [[noreturn]] void ThrowParserError();

@@ -9,6 +9,8 @@
 namespace ZqXmlLib9 {
 namespace {
 
+constexpr char16_t kMark = u'\xFEFF';
+
 /// So many units are converted at a time.
 constexpr std::size_t kBlock = 32768;
 
@@ -26,11 +28,12 @@ std::optional<CUtf16Input::EOrder> CUtf16Input::Detect(std::span<const std::byte
 {
     if (start.size() < 2)
         return std::nullopt;
-    for (const EOrder order : {EOrder::LittleEndian, EOrder::BigEndian}) {
-        const char16_t unit = MakeUnit(start[0], start[1], order);
-        if (unit == u'\xFEFF' || unit == u'<')
-            return order;
-    }
+    if (MakeUnit(start[0], start[1], EOrder::LittleEndian) == kMark)
+        return EOrder::LittleEndian;
+    if (MakeUnit(start[0], start[1], EOrder::BigEndian) == kMark || start[0] == std::byte{0})
+        return EOrder::BigEndian;
+    if (start[1] == std::byte{0})
+        return EOrder::LittleEndian;
     return std::nullopt;
 }
 
@@ -39,8 +42,8 @@ CUtf16Input::EOutcome CUtf16Input::Convert(std::span<const std::byte> data, bool
 {
     const std::size_t before = utf8.size();
     EOutcome outcome = EOutcome::Good;
-    while (outcome == EOutcome::Good && !data.empty()) {
-        if (m_halfUnit) {
+    do {
+        if (m_halfUnit && !data.empty()) {
             m_units.push_back(MakeUnit(*m_halfUnit, data[0], m_order));
             m_halfUnit.reset();
             data = data.subspan(1);
@@ -54,30 +57,46 @@ CUtf16Input::EOutcome CUtf16Input::Convert(std::span<const std::byte> data, bool
             data = {};
         }
         outcome = ConvertUnits(final && data.empty(), utf8);
-    }
-    if (outcome == EOutcome::Good && final && m_halfUnit)
-        outcome = EOutcome::Cut;
-    const std::string_view added = std::string_view(utf8).substr(before);
-    m_line += static_cast<std::uint64_t>(std::ranges::count(added, '\n'));
+    } while (outcome == EOutcome::Good && !data.empty());
+    CountLines(std::string_view(utf8).substr(before));
     return outcome;
 }
 
 CUtf16Input::EOutcome CUtf16Input::ConvertUnits(bool final, std::string& utf8)
 {
     std::u16string_view units = m_units;
-    if (m_isAtStart && units.starts_with(u'\xFEFF'))
-        units.remove_prefix(1);
-    m_isAtStart = m_isAtStart && m_units.empty();
-    const std::size_t bad = AppendAsUtf8(units, utf8);
+    if (m_isAtStart && !units.empty()) {
+        m_isAtStart = false;
+        if (m_mayHaveMark && units[0] == kMark)
+            units.remove_prefix(1);
+        // The parser would drop another mark, and take U+0000 for a sign of UTF-16.
+        if (units.starts_with(kMark))
+            return EOutcome::Invalid;
+    }
+    const std::u16string_view good = units.substr(0, units.find(u'\0'));
+    const std::size_t bad = AppendAsUtf8(good, utf8);
     if (bad == kWholeText) {
+        const bool isWhole = good.size() == units.size();
         m_units.clear();
-        return EOutcome::Good;
+        if (!isWhole)
+            return EOutcome::Invalid;
+        return final && m_halfUnit ? EOutcome::Cut : EOutcome::Good;
     }
     const bool mayGoOn = bad + 1 == units.size() && IsHighSurrogate(units[bad]);
     m_units.assign(1, units[bad]);
     if (!mayGoOn)
         return EOutcome::Invalid;
     return final ? EOutcome::Cut : EOutcome::Good;
+}
+
+/// A carriage return ends a line like a line feed, and both together end one.
+void CUtf16Input::CountLines(std::string_view utf8)
+{
+    for (const char c : utf8) {
+        if (c == '\r' || (c == '\n' && !m_isBehindReturn))
+            ++m_line;
+        m_isBehindReturn = c == '\r';
+    }
 }
 
 }  // namespace ZqXmlLib9

@@ -10,6 +10,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace ZqXmlLib9 {
 
@@ -18,20 +19,20 @@ public:
     enum class EOrder { LittleEndian, BigEndian };
     enum class EOutcome {
         Good,
-        Invalid,  ///< half a surrogate pair
+        Invalid,  ///< half a surrogate pair, or what the parser would take for another encoding
         Cut,      ///< the end stands within a character
     };
 
-    /// The order of a document that begins as UTF-16 does, with a mark or with "<" (XML 1.0,
-    /// appendix F); nothing for any other document.
+    /// The order of a document that begins as UTF-16 does, with a mark or with a character of ASCII
+    /// (XML 1.0, appendix F); nothing for any other document.
     static std::optional<EOrder> Detect(std::span<const std::byte> start);
 
-    explicit CUtf16Input(EOrder order) : m_order(order) {}
+    /// \param mayHaveMark  whether a mark at the start is dropped; it is a fault otherwise
+    CUtf16Input(EOrder order, bool mayHaveMark) : m_order(order), m_mayHaveMark(mayHaveMark) {}
 
     EOrder GetOrder() const noexcept { return m_order; }
 
-    /// Appends the next octets of the document to `utf8`, up to the first fault. A mark at the start
-    /// is dropped.
+    /// Appends the next octets of the document to `utf8`, up to the first fault.
     EOutcome Convert(std::span<const std::byte> data, bool final, std::string& utf8);
 
     /// The line that the conversion has reached, from 1.
@@ -39,9 +40,12 @@ public:
 
 private:
     EOutcome ConvertUnits(bool final, std::string& utf8);
+    void CountLines(std::string_view utf8);
 
     EOrder m_order;
+    bool m_mayHaveMark;
     bool m_isAtStart = true;
+    bool m_isBehindReturn = false;
     std::optional<std::byte> m_halfUnit;
     std::u16string m_units;  ///< not converted yet; a high surrogate at most between two calls
     std::uint64_t m_line = 1;

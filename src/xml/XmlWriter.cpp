@@ -64,16 +64,22 @@ void CXmlWriter::AddNamespaceAlias(std::u16string_view prefix, std::u16string_vi
         SetPrefix(m_namespaces, uri, prefix);
 }
 
-int CXmlWriter::GetRemainingDepth() const noexcept
+int CXmlWriter::GetOpenCount() const noexcept
 {
-    return m_context != nullptr ? m_maxDepth - static_cast<int>(m_context->GetDepth()) - 1
-                                : m_maxDepth;
+    return m_outerDepth + (m_context != nullptr ? static_cast<int>(m_context->GetDepth()) + 1 : 0);
+}
+
+void CXmlWriter::ContinueDepthOf(const CXmlWriter& outer) noexcept
+{
+    m_maxDepth = outer.m_maxDepth;
+    m_outerDepth = outer.GetOpenCount();
+    m_groupDepth = outer.m_groupDepth;
 }
 
 std::unique_ptr<CXmlWriter::CXmlWriterContext>
 CXmlWriter::MakeContext(std::u16string_view name, std::u16string_view uri) const
 {
-    if (GetRemainingDepth() <= 0)
+    if (GetOpenCount() >= m_maxDepth)
         ThrowTooDeep(m_maxDepth);
     if (m_context != nullptr)
         return std::make_unique<CXmlWriterContext>(name, uri, *m_context);

@@ -73,6 +73,7 @@ public:
 
     /// Takes name, namespace, text, attributes and children from an element of a tree, in place of
     /// its own. An attribute with the local name `xmlns` sets the default namespace too.
+    /// \throws CZqInvalidParamException  the element is null
     void CopyXmlElement(const CXmlElement* element);
 
     /// A deep copy that is nobody's yet, whatever the depth.
@@ -101,11 +102,13 @@ protected:
     virtual void FireOnChangeText(const char16_t* text);
     /// @}
 
+    /// What all constructors do.
+    void Init(const char16_t* name, const char16_t* ns, const char16_t* restriction,
+              const char16_t* targetNamespace);
+
 private:
     friend class CElementCol;
 
-    void Init(const char16_t* name, const char16_t* ns, const char16_t* restriction,
-              const char16_t* targetNamespace);
     CSmartPtr<CElement> CloneWithoutChildren() const;
     void TakeWithoutChildren(const CXmlElement& element);
     void WriteAsDocument(CXmlTextWriter& writer) const;

@@ -116,8 +116,9 @@ public:
     void SetStripCDATA(bool strip) { m_stripCData = strip; }
 
     /// How many elements may be open at once, read or written; the root is the first. As many
-    /// entities of a document may refer to other ones. Default 1024: it bounds the stack that a document can make a program use, and no document of a
-    /// sensible schema comes near it.
+    /// groups without a tag may be open when written, and as many entities of a document may refer
+    /// to other ones. Default 1024: it bounds the stack that a document can make a program use, and
+    /// no document of a sensible schema comes near it.
     int GetMaxDepth() const { return m_maxDepth; }
     void SetMaxDepth(int levels) { m_maxDepth = levels; }
 

@@ -169,10 +169,10 @@ protected:
 
     /// The object or collection that a property holds; null if it holds none.
     CSmartPtr<CXmlObjectBase> ReadObject(const CXmlGeneratedClass* object) const;
-    /// The same for a property that is read into without being set.
+    /// What a property holds that is read into without being set.
     /// \throws CZqInvalidStateException  "The property of the element [%s] has no object to read
     ///         into"
-    CSmartPtr<CXmlObjectBase> RequireObject(const SElementReading& reading) const;
+    CXmlObjectBase* RequireObject(const CSmartPtr<CXmlObjectBase>& held) const;
     /// \throws CZqInvalidStateException  the same words
     CSmartPtr<CXmlCollectionBase> RequireCollection(const SElementReading& reading) const;
     /// \param value  null unsets the property

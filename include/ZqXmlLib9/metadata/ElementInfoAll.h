@@ -26,7 +26,7 @@ protected:
 
 /// A record of a single element that a program makes up; no record of the library derives from it.
 class ZQXMLLIB9_API CElementInfoAllNonCol : public CElementInfoAll {
-protected:
+public:
     CElementInfoAllNonCol(const char16_t* name, const char16_t* ns, int propertyIndex);
 };
 

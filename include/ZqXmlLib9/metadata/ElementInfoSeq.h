@@ -101,7 +101,7 @@ protected:
     bool Read(const SElementReading& reading) const override;
 
 private:
-    bool ReadGroup(const SElementReading& reading) const;
+    bool ReadGroup(const SElementReading& reading, const CSmartPtr<CXmlObjectBase>& child) const;
 
     bool m_hasRequiredContent;
 };

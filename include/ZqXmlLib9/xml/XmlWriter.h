@@ -69,8 +69,9 @@ public:
 
     /// How many elements, or groups without a tag, may be open at once. Default 1024.
     void SetMaxDepth(int levels) noexcept { m_maxDepth = levels; }
-    /// How many more elements may be opened inside the open one.
-    int GetRemainingDepth() const noexcept;
+    /// Goes on counting where another writer stands, for a part of its document that is written
+    /// apart.
+    void ContinueDepthOf(const CXmlWriter& outer) noexcept;
 
     /// Counts a group without a tag that is being written: such groups nest without elements, so
     /// the depth of elements alone doesn't bound them.
@@ -121,7 +122,10 @@ private:
     std::u16string m_defaultNamespaceUri;
     std::unique_ptr<CXmlWriterContext> m_context;
     NamespaceTable m_namespaces;
+    int GetOpenCount() const noexcept;
+
     int m_maxDepth;
+    int m_outerDepth = 0;  ///< elements that are open around this writer's document
     int m_groupDepth = 0;
 };
 

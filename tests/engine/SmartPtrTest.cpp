@@ -1,0 +1,110 @@
+// The reference-holding pointer, and the end of the objects that it holds.
+
+#include "support/Print.h"
+
+#include <ZqXmlLib9/engine/SmartPtr.h>
+#include <ZqXmlLib9/engine/XmlObjectBase.h>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <pthread.h>
+#include <set>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace ZqXmlLib9 {
+namespace {
+
+/// An object that owns two others. The class counts the objects that there are; each one of
+/// `s_held`, as it is destroyed, holds all of them for a moment, also itself and those that wait.
+class CNode : public CXmlObjectBase {
+public:
+    CNode() { ++s_alive; }
+    CXmlObjectBase* GetBase() override { return this; }
+    std::u16string GetNamespace() const override { return {}; }
+
+    CSmartPtr<CNode> m_first;
+    CSmartPtr<CNode> m_second;
+    static inline std::atomic<int> s_alive{0};
+    static inline std::set<CNode*> s_held;
+
+protected:
+    ~CNode() override
+    {
+        --s_alive;
+        if (!s_held.contains(this))
+            return;
+        for (CNode* const each : s_held)
+            const CSmartPtr<CNode> moment = each;
+        s_held.erase(this);
+    }
+    std::u16string GetTargetNamespace() const override { return {}; }
+    void ToXml_Int(CXmlWriter*, bool, const char16_t*, const CXmlSerializationContext&,
+                   bool) const override
+    {}
+    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* cursor, const CXmlSerializationContext&,
+                             bool) override
+    {
+        return cursor;
+    }
+};
+
+TEST(SmartPtr, TakesHoldOfTheNewBeforeItLetsTheOldGo)
+{
+    CSmartPtr<CNode> pointer = new CNode;
+    CSmartPtr<CNode>& same = pointer;
+    CNode* const child = new CNode;
+    pointer->m_first = child;
+    pointer = same;
+    pointer = pointer.Get();
+    pointer = std::move(same);
+    pointer = pointer->m_first;
+    const CSmartPtr<CXmlObjectBase> base = pointer;
+    EXPECT_TRUE(base == pointer && pointer == child && base != nullptr);
+    pointer = nullptr;
+    EXPECT_TRUE(!pointer && CNode::s_alive == 1);
+}
+
+TEST(SmartPtr, DestroysOnceOnWhateverThread)
+{
+    std::vector<CSmartPtr<CNode>> shared(300);
+    for (CSmartPtr<CNode>& each : shared)
+        each = new CNode;
+    std::vector<std::jthread> threads;
+    for (int i = 0; i < 3; ++i)
+        threads.emplace_back([own = shared]() mutable { own.clear(); });
+    shared.clear();
+    threads.clear();
+    EXPECT_EQ(CNode::s_alive, 0);
+}
+
+/// Owners in a row, each with a leaf beside the next; the last holder lets go on a small stack.
+TEST(Destruction, NeedsLittleStack)
+{
+    for (const int levels : {500'000, 700}) {
+        CSmartPtr<CNode> root = new CNode;
+        CNode* last = root.Get();
+        for (int i = 0; i < levels; ++i) {
+            last->m_first = new CNode;
+            last->m_second = new CNode;
+            if (levels == 700)
+                CNode::s_held.insert({last, last->m_first.Get()});
+            last = last->m_second.Get();
+        }
+        pthread_attr_t attributes;
+        pthread_t thread;
+        pthread_attr_init(&attributes);
+        pthread_attr_setstacksize(&attributes, 256 * 1024);
+        const auto run = [](void* pointer) -> void* {
+            return *static_cast<CSmartPtr<CNode>*>(pointer) = nullptr, nullptr;
+        };
+        ASSERT_EQ(pthread_create(&thread, &attributes, run, &root), 0);
+        pthread_join(thread, nullptr);
+        EXPECT_EQ(CNode::s_alive, 0);
+    }
+}
+
+}  // namespace
+}  // namespace ZqXmlLib9

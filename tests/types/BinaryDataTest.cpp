@@ -1,0 +1,171 @@
+// The octet buffer: what a change makes and reaches, the lengths it takes, its two text forms.
+
+#include "support/Print.h"
+
+#include <ZqXmlLib9/types/BinaryData.h>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <utility>
+
+namespace ZqXmlLib9 {
+namespace {
+
+using Octets = std::unique_ptr<unsigned char[]>;
+
+CBinaryData FromHex(std::u16string_view hex)
+{
+    CBinaryData data;
+    data.SetAsHexString(hex);
+    return data;
+}
+
+std::string Hex(const CBinaryData& data)
+{
+    return data.GetData() != nullptr ? U8(data.GetAsHexString()) : "none";
+}
+
+/// A change, and what it makes of 0A FF 01.
+struct SChange {
+    const char* name;
+    const char* expected;
+    void (*change)(CBinaryData&);
+};
+
+class Change : public testing::TestWithParam<SChange> {};
+
+TEST_P(Change, ReachesNoOtherHolder)
+{
+    const CBinaryData source = FromHex(u"0AFF01");
+    CBinaryData copy = source, withRoom(source.GetData(), 3), withoutRoom = FromHex(u"0AFF01");
+    EXPECT_EQ(copy.GetData(), source.GetData());
+    for (CBinaryData* const data : {&copy, &withRoom, &withoutRoom}) {
+        GetParam().change(*data);
+        EXPECT_EQ(Hex(*data), GetParam().expected);
+    }
+    EXPECT_EQ(Hex(source), "0AFF01");
+}
+
+const SChange kChanges[] = {
+    {"AppendOctet", "0AFF0107", [](auto& d) { d.Append(static_cast<unsigned char>(7)); }},
+    {"AppendUnit", "0AFF013A26", [](auto& d) { d.Append(u'\u263A'); }},
+    {"AppendText", "0AFF01000000DC", [](auto& d) { d.Append(std::u16string(u"\0\xDC00", 2)); }},
+    {"AppendItself", "0AFF010AFF01", [](auto& d) { d.Append(d); }},
+    {"AppendPartOfItself", "0AFF01FF01", [](auto& d) { d.Append(d.GetData() + 1, 2); }},
+    {"AppendNothing", "0AFF01", [](auto& d) { d.Append(CBinaryData()); }},
+    {"Write", "0A0001", [](auto& d) { d[1] = 0; }},
+    {"SetItself", "0AFF01", [](auto& d) { d = std::as_const(d); }},
+    {"MoveToItself", "0AFF01", [](auto& d) { d = std::move(d); }},
+    {"SetPartOfItself", "FF01", [](auto& d) { d.SetBuffer(d.GetData() + 1, 2); }},
+    {"SetHex", "0B", [](auto& d) { d.SetAsHexString(u"0b"); }},
+    {"SetNothing", "", [](auto& d) { d.SetBuffer(nullptr, 0); }},
+    {"AdoptNothing", "", [](auto& d) { d = CBinaryData(new unsigned char[1], 0, true); }},
+    {"SetBadHex", "none", [](auto& d) { EXPECT_ANY_THROW(d.SetAsHexString(u"x")); }},
+    {"Clear", "none", [](auto& d) { d.Clear(); }},
+    {"Release", "none", [](auto& d) { Octets(d.ReleaseData())[1] = 0; }}};
+INSTANTIATE_TEST_SUITE_P(All, Change, testing::ValuesIn(kChanges), kRowName);
+
+TEST(BinaryData, IsEqualByItsOctetsAndItsBuffer)
+{
+    CBinaryData data;
+    EXPECT_TRUE(data == CBinaryData() && data != CBinaryData(u"") && data.ReleaseData() == nullptr);
+    data.Append(u"");
+    EXPECT_EQ(data, CBinaryData(u""));
+    data.SetBuffer(u"A\u263A");
+    EXPECT_EQ(data, FromHex(u"41003a26"));
+    for (const char16_t* const other : {u"41003A", u"41003A27", u"41003A2600"})
+        EXPECT_NE(data, FromHex(other));
+}
+
+TEST(BinaryData, AppendsItselfAcrossEveryGrowth)
+{
+    for (const bool isShared : {false, true}) {
+        CBinaryData data = FromHex(u"010203");
+        while (data.GetLength() < 50'000) {
+            const CBinaryData former = isShared ? data : CBinaryData();
+            data.Append(data);
+        }
+        for (std::uint32_t i = 0; i < data.GetLength(); ++i)
+            ASSERT_EQ(data.GetData()[i], i % 3 + 1) << i;
+    }
+}
+
+TEST(BinaryData, TakesMemoryOverAndHandsItOut)
+{
+    unsigned char* const memory = new unsigned char[3]{1, 2, 3};
+    CBinaryData data(memory, 3, true);
+    EXPECT_NE(Octets(CBinaryData(data).ReleaseData()).get(), memory);
+    EXPECT_EQ(Octets(data.ReleaseData()).get(), memory);
+}
+
+TEST(BinaryData, NamesAnIndexOutOfRange)
+{
+    CBinaryData data = FromHex(u"010203");
+    EXPECT_EQ(MessageOf([&] { data[3] = 0; }), "Index Out of range [3]");
+    EXPECT_EQ(MessageOf([&] { (void)std::as_const(data)[~0u]; }), "Index Out of range [-1]");
+    EXPECT_EQ(MessageOf([] { CBinaryData()[0] = 0; }), "Index Out of range [0]");
+}
+
+/// There is only one octet to read, so each length must be refused before.
+TEST(BinaryData, RefusesLengthsOutOfRange)
+{
+    unsigned char octet = 1;
+    CBinaryData data(&octet, 1, false);
+    for (const std::int64_t length : {std::int64_t{-1}, std::int64_t{1} << 32, INT64_MAX}) {
+        EXPECT_EQ(MessageOf<CZqOverFlowException>([&] { data.Append(&octet, length); }),
+                  "A length of " + std::to_string(length) + " octets is out of range");
+        EXPECT_THROW(CBinaryData(&octet, length, true), CZqOverFlowException);
+        EXPECT_THROW(CBinaryData(&octet, length), CZqOverFlowException);
+        EXPECT_THROW(data.SetBuffer(&octet, length), CZqOverFlowException);
+    }
+    const std::span tooLong(reinterpret_cast<const std::byte*>(&octet), std::size_t{1} << 32);
+    EXPECT_THROW(data.SetBuffer(tooLong), CZqOverFlowException);
+    EXPECT_THROW(data.Append(&octet, UINT32_MAX), CZqOverFlowException);
+    EXPECT_THROW(CBinaryData(nullptr, 1, true), CZqInvalidParamException);
+    EXPECT_THROW(data.Append(nullptr, 1), CZqInvalidParamException);
+    EXPECT_EQ(Hex(data), "01");
+}
+
+TEST(HexText, NamesItsFirstFault)
+{
+    EXPECT_EQ(Hex(FromHex(u"0123456789abcdefABCDEF")), "0123456789ABCDEFABCDEF");
+    for (const auto& [text, unit] :
+         {std::pair(u"0AFF1", u'\0'), std::pair(u"0A FF", u' '), std::pair(u"0xFF1", u'x'),
+          std::pair(u"/0", u'/'), std::pair(u"0:", u':'), std::pair(u"@0", u'@'),
+          std::pair(u"0G", u'G'), std::pair(u"0`g", u'`'), std::pair(u"\u01310", u'\u0131')})
+        EXPECT_EQ(MessageOf([&t = text] { FromHex(t); }),
+                  U8(std::u16string(u"Invalid char in hex string [") + unit + u"]"));
+}
+
+/// RFC 4648, 10, and the whole alphabet.
+TEST(Base64Text, IsWrittenAndRead)
+{
+    for (const auto& [text, hex] :
+         {std::pair(u"", u""), std::pair(u"Zg==", u"66"), std::pair(u"Zm9vYmE=", u"666F6F6261"),
+          std::pair(u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/",
+                    u"00108310518720928B30D38F41149351559761969B71D79F"
+                    u"8218A39259A7A29AABB2DBAFC31CB3D35DB7E39EBBF3DFBF")}) {
+        CBinaryData data = FromHex(hex);
+        EXPECT_EQ(U8(data.GetAsBase64()), U8(text));
+        data.SetAsBase64(text);
+        EXPECT_EQ(Hex(data), U8(hex));
+    }
+}
+
+TEST(Base64Text, IsReadLeniently)
+{
+    for (const auto& [text, hex] :
+         {// Skipped: white space, equals signs, bits that make no octet, all but seven bits.
+          std::pair(u" T\tW\r\nF u ", "4D616E"), std::pair(u"=T=W==Fu===", "4D616E"),
+          std::pair(u"T\u0157\u20C6uT\u013D", "4D616E"), std::pair(u"TR==", "4D"),
+          // Invalid.
+          std::pair(u"*TWFu", ""), std::pair(u"TW-_", ""), std::pair(u"TWFu\v", "")}) {
+        CBinaryData data(u"before");
+        data.SetAsBase64(text);
+        EXPECT_EQ(Hex(data), hex) << U8(text);
+    }
+}
+
+}  // namespace
+}  // namespace ZqXmlLib9
