@@ -335,19 +335,5 @@ TEST(MoreRecordsThanAWord, EachHasItsFlag)
     EXPECT_THROW(object->FromXml((xml + "<e69/></r>").c_str()), CZqValidationException);
 }
 
-TEST(ElementInList, AsksEveryRecord)
-{
-    CClass type(Info());
-    type.Text(u"a", 0).Text(u"b", 1, u"urn:b");
-    const CSmartPtr<CCustom> object = new CCustom(type);
-    CXmlDocument document;
-    document.LoadXml("<b/>");
-    CXmlElement* const element = document.GetDocumentElement();
-    EXPECT_FALSE(object->IsElementInList(MakeContext(None), element));
-    EXPECT_TRUE(object->IsElementInList(MakeContext(Namespaces), element));
-    EXPECT_FALSE(object->DoesElementNameMatch(MakeContext(None), element, u"b", u"urn:b"));
-    EXPECT_TRUE(object->DoesElementNameMatch(MakeContext(Namespaces), element, u"b", u"urn:b"));
-}
-
 }  // namespace
 }  // namespace ZqXmlLib9
