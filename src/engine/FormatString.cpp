@@ -102,8 +102,10 @@ private:
             conversion.isShort = true;
         else if (Accept(u"l"))
             conversion.isLong = true;
+        else if (Peek() == u'F' || Peek() == u'L' || Peek() == u'N')
+            ++m_position;
         else
-            return Accept(u"F") || Accept(u"L") || Accept(u"N");
+            return false;
         return true;
     }
 
