@@ -1,152 +1,223 @@
-// The collections of generated classes: what they read and write, and the way through them.
+// Collections of objects: what every operation tells its listeners, how long items live, the way
+// through them, and what is read by a factory and as groups.
 
 #include "model/Custom.h"
 #include "support/Print.h"
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace ZqXmlLib9 {
 namespace {
 
 using namespace TestModel;
 
-TEST(Elements, AreTakenByNameAndNamespace)
+std::string NamesOf(const CItemCol& items)
 {
-    CClass type(Info());
-    type.Element<CElementInfoSeqClsCol>(u"item", u"urn:i", 0, XmlElementType_Element)
-        .Text<CElementInfoSeqPrimOpt>(u"item", 1);
-    const CSmartPtr<CCustom> object = new CCustom(type, u"r");
-    const CSmartPtr<CItemCol> items = new CItemCol(u"item", u"urn:i", 1, 2);
-    (*object)[0] = CollectionValue(items.Get());
-    const char* const xml = "<r xmlns:p='urn:i'><p:item>1</p:item><item>2</item></r>";
-    object->FromXml(xml);
-    EXPECT_EQ(U8(object->ToXml(false, false)),
-              "<r><AA:item xmlns:AA=\"urn:i\">1</AA:item><item>2</item></r>");
-    CXmlSerializationContext context;
-    context.SetIgnoreNamespaces(true);
-    items->Clear();
-    object->FromXml(xml, context);
-    EXPECT_EQ(items->GetCount(), 2);
-    EXPECT_EQ(U8((*items->Item(1))[0].GetString()), "2");
+    std::string names;
+    for (CItem* const item : items)
+        names += U8((*item)[0].GetString());
+    return names;
 }
 
-/// Items for elements named "x" alone.
-CSmartPtr<CXmlObjectBase> MakeX(CXmlElement* element)
-{
-    if (element->GetLocalName() != u"x")
-        return nullptr;
-    return new CItem();
-}
-
-TEST(Factory, DecidesWhatIsTakenAndWhereTheRunEnds)
-{
-    CClass type(Info());
-    type.Element<CElementInfoSeqAbsClsCol>(u"item", u"", 0, XmlElementType_Element).Text(u"y", 1);
-    const CSmartPtr<CCustom> object = new CCustom(type);
-    const CSmartPtr<CItemCol> items =
-        new CItemCol(u"item", u"", 0, -1, XmlElementType_Element, MakeX);
-    (*object)[0] = CollectionValue(items.Get());
-    object->FromXml("<r><x>1</x><x xmlns='urn:any'>2</x><y>3</y></r>");
-    EXPECT_EQ(items->GetCount(), 2);
-    EXPECT_EQ(U8((*items->Item(1))[0].GetString()), "2");
-    EXPECT_THROW(object->FromXml("<r><item>1</item><y/></r>"), CZqValidationException);
-}
-
-/// A pair of elements without a tag of its own, with an attribute on the tag above.
-class CPair : public CCustom {
+/// Logs each event as its kind, the item (nothing for null) and the count at that time.
+class CLog final : public IEventSink {
 public:
-    CPair() : CCustom(Type(), u"pair") {}
-
-private:
-    static CClass& Type()
+    void OnEvent(CXmlObjectBase* source, MsgType type, void* data) override
     {
-        static CClass type = [] {
-            CClass made(Info(XmlElementGroupType_Sequence, XmlElementType_Pseudo));
-            made.Text(u"a", 0).Text(u"b", 1).TextAttribute(u"id", 2, true);
-            return made;
-        }();
-        return type;
+        static constexpr const char* kKinds[] = {"change ", "add ", "added ", "remove ",
+                                                 "removed "};
+        m_text += kKinds[type];
+        // The data is what the operation was given, and that takes pointers to the base.
+        if (data != nullptr)
+            m_text += U8(dynamic_cast<CItem&>(*static_cast<CXmlObjectBase*>(data))[0].GetString());
+        // In its destructor the source is no more than a collection.
+        m_text += std::to_string(dynamic_cast<CXmlCollectionBase&>(*source).GetCount()) + ";";
+        if (m_isRefusing)
+            throw CZqException(u"no");
+    }
+
+    std::string m_text;
+    bool m_isRefusing = false;
+};
+
+/// The items a, b and c, an operation with n, and what the listeners heard.
+struct SOperation {
+    /// \param where  an index, or the item there; 3 is a stranger, 4 is null
+    SOperation(char what, int where)
+    {
+        const CSmartPtr<CItem> known[] = {new CItem(u"a"), new CItem(u"b"), new CItem(u"c"),
+                                          new CItem(u"x"), nullptr};
+        const CSmartPtr<CItem> fresh = new CItem(u"n");
+        for (int i = 0; i < 3; ++i)
+            items->Add(known[i].Get());
+        items->AddEventListener(&log);
+        try {
+            switch (what) {
+            case '@': items->AddAt(where, fresh.Get()); break;
+            case '<': items->AddBefore(known[where].Get(), fresh.Get()); break;
+            case '>': items->AddAfter(known[where].Get(), fresh.Get()); break;
+            case '-': items->Remove(where); break;
+            case 'c': items->Clear(); break;
+            default: items = nullptr;
+            }
+        }
+        catch (const CZqInvalidParamException& failure) {
+            log.m_text += failure.GetFullMessageUtf8();
+        }
+    }
+
+    CLog log;
+    CSmartPtr<CItemCol> items = new CItemCol(u"item", u"", 0, -1);
+};
+
+TEST(Operation, TellsEachStepInOrder)
+{
+    // The operation, where, and the items after it.
+    for (const std::string row : {"@2abnc", "@3abcn", "<4abcn", "<0nabc", "<2abnc", ">4nabc",
+                                  ">0anbc", ">2abcn", "-0bc", "-1ac", "-2ab"}) {
+        const SOperation done(row[0], row[1] - '0');
+        EXPECT_EQ(done.log.m_text,
+                  row[0] == '-' ? "remove 3;removed 2;change 2;" : "add n3;added n4;change 4;")
+            << row;
+        EXPECT_EQ(NamesOf(*done.items), row.substr(2)) << row;
+        EXPECT_EQ(static_cast<std::size_t>(done.items->GetCount()), row.size() - 2) << row;
+    }
+    for (const char what : {'c', 'd'})  // Clear and destroy.
+        EXPECT_EQ(SOperation(what, 0).log.m_text, "remove 3;removed 2;change 2;remove 2;removed 1;"
+                                                  "change 1;remove 1;removed 0;change 0;");
+}
+
+TEST(Operation, FailsAndChangesNothing)
+{
+    const std::string unknown = "add n3;The object was not found in the collection";
+    for (const auto& [what, where, outcome] :
+         {std::tuple('@', 4, std::string("Index out of range")),
+          {'@', -1, "Index out of range"},
+          {'<', 3, unknown},
+          {'>', 3, unknown},
+          {'-', 3, "Index 3 is out of range, use 0 - 2"},
+          {'-', -1, "Index -1 is out of range, use 0 - 2"}}) {
+        const SOperation done(what, where);
+        EXPECT_EQ(done.log.m_text, outcome);
+        EXPECT_EQ(NamesOf(*done.items), "abc");
+    }
+}
+
+struct SWatched : CItem {
+    ~SWatched() override { ++s_destroyed; }
+    static inline int s_destroyed = 0;
+};
+
+TEST(Items, LiveAsLongAsSomebodyHoldsThemAndNoLongerIfTheirAddFails)
+{
+    const CSmartPtr<CItemCol> first = new CItemCol(u"item", u"", 0, -1);
+    CSmartPtr<CItemCol> second = new CItemCol(u"item", u"", 0, -1);
+    CSmartPtr<CItem> pointer = first->Add(new SWatched());
+    second->Add(pointer.Get());
+    second->Add(pointer.Get());
+    pointer = nullptr;
+    first->Clear();
+    second->Remove(0);
+    pointer = second->Item(0);
+    second = nullptr;
+    EXPECT_EQ(SWatched::s_destroyed, 0);
+    EXPECT_THROW(first->AddAt(1, new SWatched()), CZqInvalidParamException);
+    EXPECT_THROW(first->AddAfter(pointer.Get(), new SWatched()), CZqInvalidParamException);
+    CLog refusing;
+    refusing.m_isRefusing = true;
+    first->AddEventListener(&refusing);
+    EXPECT_EQ(MessageOf([&] { first->AddBefore(nullptr, new SWatched()); }), "no");
+    EXPECT_EQ(SWatched::s_destroyed, 3);
+    pointer = nullptr;
+    EXPECT_EQ(SWatched::s_destroyed, 4);
+}
+
+struct SRemover final : IEventSink {
+    void OnEvent(CXmlObjectBase* source, MsgType type, void*) override
+    {
+        if (type == MsgType_CollectionAddComplete)
+            dynamic_cast<CXmlCollectionBase&>(*source).Remove(0);
     }
 };
 
-using CPairCol = CXmlObjectCollection<CPair>;
-
-TEST(GroupsWithoutATag, AreReadAsLongAsTheyTakeElements)
+TEST(Items, MayBeRemovedByAListenerAsSoonAsTheyAreAdded)
 {
-    CClass type(Info());
-    type.Element<CElementInfoSeqClsCol>(u"pair", u"", 0, XmlElementType_Pseudo).Text(u"z", 1);
-    const CSmartPtr<CCustom> object = new CCustom(type, u"r");
-    const CSmartPtr<CPairCol> pairs = new CPairCol(u"pair", u"", 1, 2, XmlElementType_Pseudo);
-    (*object)[0] = CollectionValue(pairs.Get());
-    object->FromXml("<r><a>1</a><b>2</b><a>3</a><b>4</b><z>5</z></r>");
-    EXPECT_EQ(pairs->GetCount(), 2);
-    (*pairs->Item(1))[2] = TextValue(u"7");
-    EXPECT_EQ(U8(object->ToXml(false, false)),
-              "<r id=\"7\"><a>1</a><b>2</b><a>3</a><b>4</b><z>5</z></r>");
+    SRemover remover;
+    CXmlDocument document;
+    document.LoadXml("<a x='1'><b><c/></b></a>");
+    const CSmartPtr<CElement> element = new CElement(u"unread");
+    element->GetAttributes()->AddEventListener(&remover);
+    element->GetChildElements()->AddEventListener(&remover);
+    EXPECT_EQ(U8(element->GetAttributes()->Add(u"x")->GetName()), "x");
+    element->CopyXmlElement(document.GetDocumentElement());
+    EXPECT_EQ(U8(element->ToXml(false, false)), "<a/>");
 }
-
-TEST(AddNew, NamesItemsThatHaveATag)
-{
-    const CSmartPtr<CItemCol> items = new CItemCol(u"entry", u"", 0, -1);
-    const CSmartPtr<CPairCol> pairs = new CPairCol(u"other", u"", 0, -1, XmlElementType_Pseudo);
-    EXPECT_EQ(U8(items->AddNew()->GetElementName()), "entry");
-    EXPECT_EQ(U8(pairs->AddNew()->GetElementName()), "pair");
-}
-
-constexpr const char* kNoMore = "No More Elements in the Collection";
 
 TEST(Iterator, GoesThroughTheItemsToTheEnd)
 {
     const CSmartPtr<CItemCol> items = new CItemCol(u"item", u"", 0, -1);
+    const CSmartPtr<CItem> b = items->Add(new CItem(u"b"));
+    items->Remove(0);
     EXPECT_TRUE(items->begin() == items->end());
-    for (const char16_t* const text : {u"a", u"b", u"c"})
-        items->Add(new CItem(text));
-    std::u16string found;
-    for (CItem* const item : *items)
-        found += (*item)[0].GetString();
-    EXPECT_EQ(U8(found), "abc");
+    items->AddAfter(nullptr, b.Get());
+    items->Add(new CItem(u"c"));
+    items->AddAfter(nullptr, new CItem(u"a"));
+    EXPECT_EQ(NamesOf(*items), "abc");
     auto it = items->begin();
     EXPECT_EQ(*it++, items->Item(0).Get());
-    EXPECT_EQ(*it, items->Item(1).Get());
+    EXPECT_EQ(*it, b.Get());
     EXPECT_EQ(*++it, items->Item(2).Get());
     items->Remove(1);
     EXPECT_EQ(*it, items->Item(1).Get()) << "its node stays where others go";
-    ++it;
-    EXPECT_TRUE(it == items->end());
+    items->Add(b.Get());
+    const CSmartPtr<CItemCol> other = new CItemCol(u"item", u"", 0, -1);
+    other->Add(b.Get());
+    EXPECT_FALSE(it == other->begin());
+    EXPECT_TRUE(++it == other->begin()) << "the same item";
+    EXPECT_TRUE(++it == items->end());
+    constexpr const char* kNoMore = "No More Elements in the Collection";
     EXPECT_EQ(MessageOf([&] { it++; }), kNoMore);
-    EXPECT_EQ(MessageOf([&] { ++it; }), kNoMore);
     EXPECT_EQ(MessageOf([&] { static_cast<void>(*it); }), kNoMore);
 }
 
-TEST(Iterator, IsEqualAtTheSameItem)
+CClass& PairType()
 {
-    const CSmartPtr<CItemCol> left = new CItemCol(u"item", u"", 0, -1);
-    const CSmartPtr<CItemCol> right = new CItemCol(u"item", u"", 0, -1);
-    const CSmartPtr<CItem> shared = left->Add(new CItem());
-    right->Add(new CItem());
-    EXPECT_FALSE(left->begin() == right->begin());
-    right->AddAt(0, shared.Get());
-    EXPECT_TRUE(left->begin() == right->begin());
-    EXPECT_TRUE(left->end() == right->end());
-    EXPECT_FALSE(left->begin() == left->end());
-    EXPECT_FALSE(left->end() == right->begin());
+    static CClass type(Info(XmlElementGroupType_Sequence, XmlElementType_Pseudo));
+    static CClass& made = type.Text(u"a", 0).Text(u"b", 1).TextAttribute(u"id", 2, true);
+    return made;
 }
 
-TEST(MillionItems, AreAppendedVisitedAndDestroyedInLinearTime)
+/// Two elements without a tag of their own, with an attribute on the tag above.
+struct SPair : CCustom {
+    SPair() : CCustom(PairType(), u"pair") {}
+};
+
+/// Items for elements named "x" alone.
+CSmartPtr<CXmlObjectBase> MakeX(CXmlElement* element)
 {
-    constexpr int kItems = 1'000'000;
-    const CSmartPtr<CItem> shared = new CItem();
-    {
-        const CSmartPtr<CItemCol> items = new CItemCol(u"item", u"", 0, -1);
-        for (int i = 0; i < kItems; ++i)
-            items->Add(i % 20 == 0 ? new CItem() : shared.Get());
-        int visited = 0;
-        for (auto it = items->begin(); it != items->end(); ++it)
-            ++visited;
-        EXPECT_EQ(visited, kItems);
-    }
-    EXPECT_EQ(shared->AddRef(), 2);
-    EXPECT_EQ(shared->Release(), 1);
+    return element->GetLocalName() == u"x" ? new CItem() : nullptr;
+}
+
+TEST(Reading, TakesGroupsAsLongAsTheyFitAndWhatTheFactoryMakes)
+{
+    CClass type(Info());
+    type.Element<CElementInfoSeqClsCol>(u"pair", u"", 0, XmlElementType_Pseudo)
+        .Element<CElementInfoSeqAbsClsCol>(u"item", u"", 1, XmlElementType_Element)
+        .Text(u"y", 2);
+    const CSmartPtr<CCustom> object = new CCustom(type, u"r");
+    const CSmartPtr<CXmlObjectCollection<SPair>> pairs =
+        new CXmlObjectCollection<SPair>(u"other", u"", 1, 2, XmlElementType_Pseudo);
+    const CSmartPtr<CItemCol> items = new CItemCol(u"x", u"", 0, -1, XmlElementType_Element, MakeX);
+    (*object)[0] = CollectionValue(pairs.Get());
+    (*object)[1] = CollectionValue(items.Get());
+    object->FromXml("<r><a>1</a><b>2</b><a>3</a><b>4</b><x>5</x><x xmlns='u'>6</x><y>7</y></r>");
+    (*pairs->Item(1))[2] = TextValue(u"8");
+    EXPECT_EQ(U8(object->ToXml(false, false)), "<r id=\"8\"><a>1</a><b>2</b><a>3</a><b>4</b>"
+                                               "<x>5</x><x>6</x><y>7</y></r>");
+    EXPECT_EQ(U8(items->AddNew()->GetElementName()), "x");
+    EXPECT_EQ(U8(pairs->AddNew()->GetElementName()), "pair");
 }
 
 }  // namespace

@@ -1,189 +1,169 @@
-// Open attributes: which namespace they get, what is read and written, and those of the root.
+// Which namespaces pass a restriction of open content, and the attributes under one: which
+// namespace they get, what is read and written, and those of the root.
 
 #include "model/Custom.h"
 #include "support/Print.h"
 
+#include <ZqXmlLib9/engine/FormatString.h>
+
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 namespace ZqXmlLib9 {
 namespace {
 
 using namespace TestModel;
 
-struct SNew {
+struct STester : CCustom {
+    using CCustom::CCustom, CCustom::IsNamespaceValid, CCustom::TestNamespace;
+};
+
+struct SRecord : CElementInfoSeqUntpdOpt {
+    using CElementInfoSeqUntpdOpt::GetAnyDefaultNamespace;
+};
+
+struct SRestriction {
     const char* name;
-    const char16_t* ns;
     const char16_t* restriction;
-    const char* made;  ///< the namespace of a new attribute, or "-" if it is refused
+    const char16_t* target;
+    const char* made;  ///< the namespace of a new element below a parent in "p"
+    std::vector<const char16_t*> passing;
+    std::vector<const char16_t*> refused;
 };
 
-class NewAttribute : public testing::TestWithParam<SNew> {};
+class Restriction : public testing::TestWithParam<SRestriction> {};
 
-TEST_P(NewAttribute, IsInTheDefaultNamespaceIfThatPasses)
+TEST_P(Restriction, IsOneRuleForTheAnswerAndTheFailure)
 {
-    const CSmartPtr<CAttributeCol> attributes =
-        new CAttributeCol(GetParam().ns, GetParam().restriction, u"urn:t");
-    if (std::string_view(GetParam().made) == "-") {
-        EXPECT_THROW(attributes->Add(u"x"), CZqInvalidNamespaceException);
-        EXPECT_THROW(attributes->Add(u"x", u"1"), CZqInvalidNamespaceException);
-        EXPECT_EQ(attributes->GetCount(), 0);
-        return;
+    CClass type(Info());
+    const CSmartPtr<STester> tester = new STester(type);
+    const auto& [name, restriction, target, made, passing, refused] = GetParam();
+    EXPECT_EQ(U8(SRecord::GetAnyDefaultNamespace(restriction, u"p", target)), made);
+    for (const char16_t* const ns : passing) {
+        EXPECT_TRUE(tester->IsNamespaceValid(ns, restriction, target)) << U8(ns);
+        EXPECT_NO_THROW(tester->TestNamespace(ns, restriction, target)) << U8(ns);
     }
-    EXPECT_EQ(U8(attributes->Add(u"x")->GetNamespace()), GetParam().made);
-    EXPECT_EQ(U8(attributes->Add(u"x", u"1")->GetNamespace()), GetParam().made);
-    EXPECT_EQ(U8(attributes->Clone()->Add(u"y")->GetNamespace()), GetParam().made);
-    EXPECT_EQ(U8(attributes->Item(1)->GetValue()), "1");
+    for (const char16_t* const ns : refused) {
+        EXPECT_FALSE(tester->IsNamespaceValid(ns, restriction, target)) << U8(ns);
+        const auto test = [&] {
+            tester->TestNamespace(ns, GetParam().restriction, GetParam().target);
+        };
+        EXPECT_EQ(
+            MessageOf<CZqInvalidNamespaceException>(test),
+            U8(FormatString(u"Invalid namespace [%s]. The namespace must be one of [%s] where "
+                            u"the target namespace is [%s]",
+                            ns, restriction, target)));
+    }
 }
 
-const SNew kNew[] = {
-    {"FirstUri", u"", u"urn:a urn:b", "urn:a"},
-    {"OneUri", u"", u"urn:a", "urn:a"},
-    {"TwoCharacters", u"", u"ab", "ab"},
-    {"OneCharacter", u"", u"a urn:b", ""},
-    {"EmptyToken", u"", u" urn:a", ""},
-    {"Any", u"", u"##any urn:a", ""},
-    {"UriBeforeAny", u"", u"urn:a ##any", "urn:a"},
-    {"HashFirst", u"", u"#a", ""},
-    {"HashSecond", u"", u"a#b", ""},
-    {"HashThird", u"", u"ab#", "ab#"},
-    {"Target", u"", u"##targetNamespace", "-"},
-    {"GivenWins", u"urn:b", u"urn:a urn:b", "urn:b"},
-    {"GivenOutside", u"urn:b", u"urn:a", "-"},
-};
-INSTANTIATE_TEST_SUITE_P(Defaults, NewAttribute, testing::ValuesIn(kNew), kRowName);
+const SRestriction kRestrictions[] = {
+    {"Any", u"##any", u"t", "p", {u"", u"t", u"##any"}, {}},
+    {"Other", u"##other", u"urn:t", "", {u"", u"urn:", u"urn:T"}, {u"urn:t"}},
+    {"OtherThanNone", u"##other", u"", "", {u"urn:x"}, {u""}},
+    {"Local", u"##local", u"t", "", {u""}, {u"t", u"##local"}},
+    {"Target", u"##targetNamespace", u"t", "t", {u"t"}, {u"", u"x", u"t "}},
+    {"NoTarget", u"##targetNamespace", u"", "", {u""}, {u"x"}},
+    {"WordsHaveACase", u"##Any", u"t", "", {u"", u"##Any"}, {u"t"}},
+    {"Uri", u"a:\u00E9", u"t", "", {u"a:\u00E9", u""}, {u"a:e\u0301", u"a:"}},
+    {"Empty", u"", u"t", "", {u""}, {u"t", u" "}},
+    {"Uris", u"a b", u"t", "", {u"a", u"b", u""}, {u"a b", u"t"}},
+    {"LastOfMany", u"a b ##other", u"t", "", {u"x", u""}, {u"t"}},
+    {"TwoBlanks", u"##any  ##local", u"t", "p", {u"", u"b"}, {}},
+    {"BlankFirst", u" ##targetNamespace", u"t", "", {u"", u"t"}, {u"x"}},
+    {"Tab", u"##any\tb", u"t", "", {u"##any\tb", u""}, {u"##any", u"b"}}};
+INSTANTIATE_TEST_SUITE_P(All, Restriction, testing::ValuesIn(kRestrictions), kRowName);
 
-TEST(Attributes, AreTestedWhenMadeAndUntestedWhenTheyExist)
+TEST(NewAttribute, IsInTheDefaultNamespaceIfThatPasses)
 {
-    const CSmartPtr<CAttributeCol> open = new CAttributeCol(u"", u"##any", u"");
-    const CSmartPtr<CAttributeCol> strict = new CAttributeCol(u"", u"urn:a", u"");
-    const auto foreign = [&](const char16_t* name) { return open->Add(name, u"1", u"urn:b"); };
-    EXPECT_EQ(MessageOf<CZqInvalidNamespaceException>([&] { strict->Add(u"x", u"1", u"urn:b"); }),
-              "Invalid namespace [urn:b]. The namespace must be one of [urn:a] where the target "
-              "namespace is []");
-    EXPECT_EQ(strict->GetCount(), 0);
-    const CSmartPtr<CAttribute> b = strict->Add(foreign(u"b").Get());
-    strict->AddBefore(b.Get(), foreign(u"a").Get());
-    strict->AddAfter(b.Get(), foreign(u"c").Get());
-    std::u16string names;
-    for (const CAttribute* const attribute : *strict)
-        names += attribute->GetName();
-    EXPECT_EQ(U8(names), "abc");
+    for (const auto& [ns, restriction, made] : {std::tuple(u"", u"urn:a b", "urn:a"),
+                                                {u"", u"ab", "ab"},
+                                                {u"", u"a b", ""},
+                                                {u"", u" urn:a", ""},
+                                                {u"", u"ab ##any", "ab"},
+                                                {u"", u"#a", ""},
+                                                {u"", u"a#b", ""},
+                                                {u"", u"ab#", "ab#"},
+                                                {u"b", u"urn:a b", "b"}}) {
+        const CSmartPtr<CAttributeCol> attributes = new CAttributeCol(ns, restriction, u"urn:t");
+        EXPECT_EQ(U8(attributes->Add(u"x", u"1")->GetNamespace()), made) << U8(restriction);
+        const CSmartPtr<CAttributeCol> clone = attributes->Clone();
+        attributes->Item(0)->SetValue(u"changed");
+        EXPECT_EQ(U8(clone->Add(u"y")->GetNamespace()), made) << U8(restriction);
+        EXPECT_EQ(U8(clone->Item(0)->GetValue()), "1");
+    }
+    const CSmartPtr<CAttributeCol> outside = new CAttributeCol(u"b", u"urn:a", u"");
+    EXPECT_THROW(outside->Add(u"x"), CZqInvalidNamespaceException);
 }
 
-TEST(Attributes, AreWrittenInOrderAndMoreThanOnce)
+TEST(Attributes, AreUntestedWhereTheyExistAndWrittenInOrderAndMoreThanOnce)
 {
     const CSmartPtr<CElement> element = new CElement(u"a");
-    const CSmartPtr<CAttributeCol> attributes = element->GetAttributes();
-    attributes->Add(u"x", u"1");
-    attributes->Add(u"p", u"<\"&'\n>", u"urn:n");
-    attributes->Add(u"x", u"");
-    attributes->Add(u"q", u"2", u"urn:n");
-    attributes->Add(u"lang", u"de", u"http://www.w3.org/XML/1998/namespace");
+    const CSmartPtr<CAttributeCol> open = element->GetAttributes();
+    const CSmartPtr<CAttribute> x = open->Add(u"x", u"<\"&'\n>");
+    const CSmartPtr<CAttribute> p = open->Add(u"p", u"1", u"urn:n");
+    open->AddBefore(x.Get(), p.Get());
+    open->AddAfter(x.Get(), open->Add(u"lang", u"", u"http://www.w3.org/XML/1998/namespace").Get());
     EXPECT_EQ(U8(element->ToXml(false, false)),
-              "<a x=\"1\" xmlns:AA=\"urn:n\" AA:p=\"&lt;&quot;&amp;'&#xA;&gt;\" x=\"\" AA:q=\"2\" "
-              "xml:lang=\"de\"/>");
+              "<a xmlns:AA=\"urn:n\" AA:p=\"1\" x=\"&lt;&quot;&amp;'&#xA;&gt;\" xml:lang=\"\" "
+              "AA:p=\"1\" xml:lang=\"\"/>");
+    const CSmartPtr<CAttributeCol> strict = new CAttributeCol(u"", u"urn:a", u"");
+    strict->Add(p.Get());
+    EXPECT_THROW(strict->Clone()->Add(u"y", u"", u"urn:n"), CZqInvalidNamespaceException);
 }
 
-/// A collection whose reading is laid open.
-class CReader : public CAttributeCol {
-public:
-    using CAttributeCol::CAttributeCol;
-    using CAttributeCol::FromXml_Int;
+struct SReader : CAttributeCol {
+    using CAttributeCol::CAttributeCol, CAttributeCol::FromXml_Int;
 };
 
-/// What is read from the root of a document into a new collection, and the failure if there is one.
-std::string Read(const char16_t* restriction, const char* xml, SchemaType type = SchemaType_Default)
+TEST(Reading, TakesEveryAttributeUpToARefusedOne)
 {
     CXmlSerializationContext context;
-    context.SetSchemaType(type);
-    CXmlDocument document(context);
-    document.LoadXml(xml);
-    CXmlElement* const root = document.GetDocumentElement();
-    const CSmartPtr<CReader> attributes = new CReader(u"", restriction, u"");
-    std::string outcome;
-    try {
-        EXPECT_EQ(attributes->FromXml_Int(root, root, context, false), root);
-    }
-    catch (const CZqInvalidNamespaceException& failure) {
-        outcome = failure.GetFullMessageUtf8();
-    }
-    for (const CAttribute* const attribute : *attributes)
-        outcome += U8(u" {" + attribute->GetNamespace() + u"}" + attribute->GetName() + u"="
-                      + attribute->GetValue());
-    return outcome;
-}
-
-TEST(Reading, TakesEveryAttribute)
-{
-    const char* const xml = "<r xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' z='1' "
-                            "xmlns='urn:r' xsi:nil='true' xml:lang='de' a='&#xA;2'><b/></r>";
-    EXPECT_EQ(Read(u"##any", xml), " {}z=1 {http://www.w3.org/2001/XMLSchema-instance}nil=true "
-                                   "{http://www.w3.org/XML/1998/namespace}lang=de {}a=\n2");
-    EXPECT_EQ(Read(u"##any", xml, SchemaType_NoNamespaces),
-              " {}xmlns:xsi=http://www.w3.org/2001/XMLSchema-instance {}z=1 {}xmlns=urn:r "
-              "{}xsi:nil=true {}xml:lang=de {}a=\n2");
-}
-
-TEST(Reading, KeepsThoseInFrontOfARefusedOne)
-{
-    EXPECT_EQ(Read(u"urn:a", "<r xmlns:a='urn:a' xmlns:b='urn:b' a:x='1' y='2' b:z='' a:w='4'/>"),
-              "Invalid Attribute [z]. The attributes namespace is Inappropriate. {urn:a}x=1 {}y=2");
-    const CSmartPtr<CAttributeCol> attributes = new CAttributeCol(u"", u"##any", u"");
-    EXPECT_EQ(MessageOf([&] { attributes->Add(u"x")->FromXml(u"<a/>"); }),
-              "This should be done by the collection");
-}
-
-TEST(Clone, IsIndependentUnderTheSameRule)
-{
-    const CSmartPtr<CAttributeCol> source = new CAttributeCol(u"", u"urn:a ##local", u"urn:t");
-    source->Add(u"x", u"1");
-    source->Add(source->Item(0)->Clone().Get())->SetNamespace(u"urn:other");
-    const CSmartPtr<CAttributeCol> clone = source->Clone();
-    source->Item(0)->SetValue(u"changed");
-    source->Remove(1);
-    EXPECT_EQ(clone->GetCount(), 2);
-    EXPECT_EQ(U8(clone->Item(0)->GetValue()), "1");
-    EXPECT_EQ(U8(clone->Item(1)->GetNamespace()), "urn:other");
-    EXPECT_THROW(clone->Add(u"z", u"", u"urn:b"), CZqInvalidNamespaceException);
+    const auto read = [&](const char16_t* restriction) {
+        CXmlDocument document(context);
+        document.LoadXml(
+            "<r z='1' xmlns='urn:r' xml:lang='de' xmlns:b='urn:b' b:a='&#xA;2' y=''/>");
+        const CSmartPtr<SReader> attributes = new SReader(u"", restriction, u"");
+        std::u16string outcome;
+        try {
+            attributes->FromXml_Int(document.GetDocumentElement(), nullptr, context, false);
+        }
+        catch (const CZqInvalidNamespaceException& failure) {
+            outcome = failure.GetMessageW();
+        }
+        for (const CAttribute* const a : *attributes)
+            outcome += u" {" + a->GetNamespace() + u"}" + a->GetName() + u"=" + a->GetValue();
+        return U8(outcome);
+    };
+    EXPECT_EQ(read(u"##any"),
+              " {}z=1 {http://www.w3.org/XML/1998/namespace}lang=de {urn:b}a=\n2 {}y=");
+    EXPECT_EQ(read(u"##local"),
+              "Invalid Attribute [lang]. The attributes namespace is Inappropriate. {}z=1");
+    context.SetSchemaType(SchemaType_NoNamespaces);
+    EXPECT_EQ(read(u"urn:a"), " {}z=1 {}xmlns=urn:r {}xml:lang=de {}xmlns:b=urn:b {}b:a=\n2 {}y=");
 }
 
 TEST(RootAttributes, StandFirstOnTheRootAndAlwaysHaveAPrefix)
 {
-    CClass childType(Info());
     CClass type(Info(), u"urn:d");
     type.TextAttribute(u"id", 1, true).Child(u"child", 0);
+    CClass childType(Info());
     const CSmartPtr<CCustom> child = new CCustom(childType, u"child");
-    const CSmartPtr<CCustom> object = new CCustom(type);
-    (*object)[0] = ObjectValue(child.Get());
-    (*object)[1] = TextValue(u"7");
-    CXmlSerializationContext context;
-    context.GetAdditionalRootAttributes()->Add(u"x", u"1");
-    context.GetAdditionalRootAttributes()->Add(u"y", u"2", u"urn:d");
-    const auto write = [&] { return U8(object->ToXml(false, false, EOLType_LF, context)); };
-    EXPECT_EQ(write(),
-              "<AA:root xmlns:AA=\"urn:d\" x=\"1\" AA:y=\"2\" id=\"7\"><child/></AA:root>");
-    context.SetDefaultNamespaceURI(u"urn:d");
-    EXPECT_EQ(write(), "<root xmlns=\"urn:d\" x=\"1\" xmlns:AA=\"urn:d\" AA:y=\"2\" id=\"7\">"
-                       "<child/></root>");
-    context.GetNamespaceAliases().Add(u"p", u"urn:d");
-    EXPECT_EQ(write(), "<root xmlns=\"urn:d\" xmlns:p=\"urn:d\" x=\"1\" p:y=\"2\" id=\"7\">"
-                       "<child/></root>");
-}
-
-TEST(RootAttributes, AreSharedByCopiesOfTheirContext)
-{
+    const CSmartPtr<CCustom> object =
+        new CCustom(type, u"r", {ObjectValue(child.Get()), TextValue(u"7")});
     CXmlSerializationContext context;
     const CXmlSerializationContext early = context;
     context.GetAdditionalRootAttributes()->Add(u"x", u"1");
     CXmlSerializationContext copy = context;
-    copy.GetAdditionalRootAttributes()->Add(u"y", u"2");
-    EXPECT_EQ(early.GetAdditionalRootAttributes()->GetCount(), 0);
-    EXPECT_EQ(context.GetAdditionalRootAttributes()->GetCount(), 2);
+    copy.GetAdditionalRootAttributes()->Add(u"y", u"2", u"urn:d");
+    const auto write = [&] { return U8(object->ToXml(false, false, EOLType_LF, context)); };
+    EXPECT_EQ(write(), "<AA:r xmlns:AA=\"urn:d\" x=\"1\" AA:y=\"2\" id=\"7\"><child/></AA:r>");
+    context.SetDefaultNamespaceURI(u"urn:d");
+    EXPECT_EQ(write(),
+              "<r xmlns=\"urn:d\" x=\"1\" xmlns:AA=\"urn:d\" AA:y=\"2\" id=\"7\"><child/></r>");
+    EXPECT_EQ(early.GetAdditionalRootAttributes()->GetCount(), 0) << "it had its own";
     copy = early;
     EXPECT_EQ(copy.GetAdditionalRootAttributes(), early.GetAdditionalRootAttributes());
-    const CXmlSerializationContext& same = context;
-    context = same;
-    EXPECT_EQ(context.GetAdditionalRootAttributes()->GetCount(), 2);
 }
 
 }  // namespace
