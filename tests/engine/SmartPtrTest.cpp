@@ -80,6 +80,12 @@ TEST(SmartPtr, DestroysOnceOnWhateverThread)
     EXPECT_EQ(CNode::s_alive, 0);
 }
 
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr std::size_t kSmallStack = 1024 * 1024;  // the sanitizers make every frame larger
+#else
+constexpr std::size_t kSmallStack = 256 * 1024;
+#endif
+
 /// Owners in a row, each with a leaf beside the next; the last holder lets go on a small stack.
 TEST(Destruction, NeedsLittleStack)
 {
@@ -96,7 +102,7 @@ TEST(Destruction, NeedsLittleStack)
         pthread_attr_t attributes;
         pthread_t thread;
         pthread_attr_init(&attributes);
-        pthread_attr_setstacksize(&attributes, 256 * 1024);
+        pthread_attr_setstacksize(&attributes, kSmallStack);
         const auto run = [](void* pointer) -> void* {
             return *static_cast<CSmartPtr<CNode>*>(pointer) = nullptr, nullptr;
         };
