@@ -90,19 +90,7 @@ bool CElementInfoAllClsMnd::Validate(const CXmlSerializationContext&, const CXml
 
 bool CElementInfoAllClsOpt::Read(const SElementReading& reading) const
 {
-    if (HasTag())
-        return TakeIfHere(reading, [&] {
-            const CSmartPtr<CXmlObjectBase> child = Make();
-            ReadElement(reading, child.Get());
-            StoreObject(reading, child.Get());
-        });
-    if (*reading.cursor == nullptr)
-        return false;
-    const CSmartPtr<CXmlObjectBase> child = Make();
-    const bool taken = ReadRun(reading, child.Get());
-    if (taken)
-        StoreObject(reading, child.Get());
-    return taken;
+    return TakeNew(reading);
 }
 
 CElementInfoAllAbsClsMnd::CElementInfoAllAbsClsMnd(const char16_t* name, const char16_t* ns,

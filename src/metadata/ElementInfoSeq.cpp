@@ -89,18 +89,7 @@ bool CElementInfoSeqClsMnd::ReadGroup(const SElementReading& reading,
 
 bool CElementInfoSeqClsOpt::Read(const SElementReading& reading) const
 {
-    if (HasTag()) {
-        TakeIfHere(reading, [&] {
-            const CSmartPtr<CXmlObjectBase> child = Make();
-            ReadElement(reading, child.Get());
-            StoreObject(reading, child.Get());
-        });
-    }
-    else if (*reading.cursor != nullptr) {
-        const CSmartPtr<CXmlObjectBase> child = Make();
-        if (ReadRun(reading, child.Get()))
-            StoreObject(reading, child.Get());
-    }
+    TakeNew(reading);
     return true;
 }
 

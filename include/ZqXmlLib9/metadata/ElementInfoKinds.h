@@ -144,6 +144,20 @@ protected:
 
     CSmartPtr<CXmlObjectBase> Make() const { return this->MakeObject(m_factory, m_classId); }
 
+    /// Reads a new object, and stores it if it took anything.
+    bool TakeNew(const SElementReading& reading) const
+    {
+        if (this->HasTag() ? !this->IsHere(reading) : *reading.cursor == nullptr)
+            return false;
+        const CSmartPtr<CXmlObjectBase> child = Make();
+        if (this->HasTag())
+            this->ReadElement(reading, child.Get());
+        else if (!this->ReadRun(reading, child.Get()))
+            return false;
+        this->StoreObject(reading, child.Get());
+        return true;
+    }
+
 private:
     ClassFactory m_factory;
     int m_classId;
