@@ -42,8 +42,11 @@
 #include <ZqXmlLib9/platform/CriticalSection.h>
 #include <ZqXmlLib9/platform/MessageBox.h>
 #include <ZqXmlLib9/types/Base64.h>
+#include <ZqXmlLib9/types/BigInteger.h>
 #include <ZqXmlLib9/types/BinaryData.h>
+#include <ZqXmlLib9/types/Decimal.h>
 #include <ZqXmlLib9/types/ItemType.h>
+#include <ZqXmlLib9/types/MachineInteger.h>
 #include <ZqXmlLib9/types/OctetSpan.h>
 #include <ZqXmlLib9/types/PrimitiveRestrictions.h>
 #include <ZqXmlLib9/types/WhitespaceUtils.h>
