@@ -41,9 +41,12 @@
 #include <ZqXmlLib9/metadata/RestrictionCheck.h>
 #include <ZqXmlLib9/platform/CriticalSection.h>
 #include <ZqXmlLib9/platform/MessageBox.h>
+#include <ZqXmlLib9/platform/SystemTime.h>
 #include <ZqXmlLib9/types/Base64.h>
 #include <ZqXmlLib9/types/BigInteger.h>
 #include <ZqXmlLib9/types/BinaryData.h>
+#include <ZqXmlLib9/types/DateTime.h>
+#include <ZqXmlLib9/types/DateTimeSpan.h>
 #include <ZqXmlLib9/types/Decimal.h>
 #include <ZqXmlLib9/types/ItemType.h>
 #include <ZqXmlLib9/types/MachineInteger.h>

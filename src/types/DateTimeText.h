@@ -1,0 +1,48 @@
+// Text of dates and durations: short texts built in place, and the fraction of a second, which both
+// have.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace ZqXmlLib9 {
+
+/// Digits 1 to 3, 4 to 6 and 7 to 9 of a second's fraction. A field may hold more than 999.
+struct SFraction {
+    std::uint16_t milli = 0;
+    std::uint16_t micro = 0;
+    std::uint16_t nano = 0;
+};
+
+constexpr bool IsDigit(char16_t c) noexcept
+{
+    return c >= u'0' && c <= u'9';
+}
+
+/// Takes the digits at the front of `text`, of which the first counts 100 milliseconds.
+/// \return false at the tenth digit
+bool TakeFraction(std::u16string_view& text, SFraction& fraction);
+
+/// A text on the stack, with room for the longest date or duration: a duration with ten fields of
+/// full width has 94 code units.
+class CShortText {
+public:
+    void Put(char16_t c) { m_text[m_length++] = c; }
+
+    /// At least `minDigits` digits; none for 0 if that is 0.
+    void PutDigits(std::uint64_t value, std::size_t minDigits);
+
+    /// The seconds and behind a point their fraction, without zeros at its end or the point alone.
+    /// What doesn't fit into the three digits of a field is counted in the field before.
+    void PutSeconds(std::uint64_t seconds, std::size_t minDigits, const SFraction& fraction);
+
+    std::u16string_view GetText() const { return {m_text.data(), m_length}; }
+
+private:
+    std::array<char16_t, 128> m_text;
+    std::size_t m_length = 0;
+};
+
+}  // namespace ZqXmlLib9
