@@ -1,0 +1,339 @@
+// Dates: the texts, the fields of each type, the calendar, the partial order, the addition against
+// a literal walk, and the records of other interfaces.
+
+#include "DateTimeRows.h"
+
+#include <ZqXmlLib9/types/DateTime.h>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdlib>
+#include <ctime>
+#include <random>
+#include <type_traits>
+#include <utility>
+
+namespace ZqXmlLib9 {
+namespace {
+
+/// Reads a text by the form that it has.
+CDateTime Read(std::u16string_view text)
+{
+    CDateTime date;
+    if (text.find(u'T') != text.npos)
+        date.ParseXSDDateTime(text);
+    else if (text.find(u':') == 2)
+        date.ParseXSDTime(text);
+    else
+        date.ParseXSDDate(text);
+    return date;
+}
+
+/// The form of what is written tells the type.
+TEST(Date, IsReadAndWritten)
+{
+    CheckTexts("2000-02-29 -0004-02-29 -0001-01-01 9999-12-31Z 2001-07 -2001-07+01:00 2001 "
+               "-0044-23:59 ---31 ---01Z --12 --02-29 --05--=--05 --05xy-10:00=--05-10:00 "
+               "00:00:00 23:59:59.123456789 10:00:00.5+14:30 10:00:00.000001 10:00:00.00007 "
+               "10:00:00.000000001Z 10:00:00.500=10:00:00.5 10:00:00.000=10:00:00 "
+               "10:00:00.Z=10:00:00Z 10:00:00xyz=10:00:00 10:00:00Zxyz=10:00:00Z "
+               "2001-01-01x02:00=2001-01-01 2001-01-01T10:00:00+24:00=2001-01-01T10:00:00+00:00 "
+               "2001-01-01T10:00:00-00:30=2001-01-01T10:00:00+00:30 "
+               "2001-01-01ZT10:00:00.=2001-01-01T10:00:00Z",
+               Read);
+    EXPECT_EQ(CDateTime(DTType_time).ToString(u"x"), u"Unknown Format: x");
+    EXPECT_EQ(CDateTime(DTType_time).ToString(u"G"), u"");
+    EXPECT_EQ(CDateTime(DTType_time).ToString(nullptr), u"");
+    for (const CDateTime& date : {CDateTime(), CDateTime(DTType_date), CDateTime(DTType(9))})
+        EXPECT_EQ(InvalidValue([&] { date.ToString(u"G"); }), "Date Not Set");
+}
+
+TEST(Date, NamesItsFault)
+{
+    const auto message = [](std::u16string_view text) { return InvalidValue([&] { Read(text); }); };
+    for (const std::string& text :
+         Words("12001-01-01 +2001 - -- Z -Z 2001: 200 2001-1-1 2001/01/01 20o1 ----1 --05- "
+               "\uFF12\uFF10\uFF10\uFF11 --5 20010101 2001-01-01+1:00 2001-01-01_ -----"))
+        EXPECT_EQ(message(ToUtf16(text)),
+                  "Invalid XSD Date [" + text + "] expected CCYY-MM-DD[Z|[+|-]hh:mm]");
+    for (const std::string& text : Words("24:00:00 10:60:00 10:00:60 10:00 10:00-00"))
+        EXPECT_EQ(message(ToUtf16(text)), "Invalid XSD Time [" + text + "] expected hh:mm:ss[.ff]");
+    const std::pair<std::u16string_view, const char*> rows[] = {
+        {u"", "Date (Empty String)"},
+        {u"T10:00:00", "Date (Empty String)"},
+        {u"2001-01-01T", "XSD Time (Empty String)"},
+        {u"--05T10:00:00", "XSD DateTime [--05T10:00:00] expected CCYY-MM-DDThh:mm:ss[.ff]"},
+        {u"2001-01-01+10:00Z", "Date (Bad Zone value)"},
+        {u"10:00:00.1234567890", "XSD Time [10:00:00.1234567890] Fraction part too long"},
+        {u"10:00:00+1", "XSD Time Zone [+1]"},
+        {u"2001-01-01T10:00:00+25:00", "TimeZone [25:0]"},
+        {u"2001-01-01-10:60", "TimeZone [-10:60]"},
+        {u"0000-01-01", "Year [0] (-9999 <= year <= 9999 && year != 0)"},
+        {u"1900-02-29", "Day [29] (1 <= day <= days in month"},
+        {u"-0001-02-29T00:00:00", "Day [29] (1 <= day <= days in month"},
+        {u"--02-30", "Day [30] (1 <= day <= days in month)"},
+        {u"--20--", "Month [20] (1 <= month <= 12)"},
+        {u"---32", "Day [32] (1 <= day <= 31)"}};
+    for (const auto& [text, fault] : rows)
+        EXPECT_EQ(message(text), std::string("Invalid ") + fault);
+    EXPECT_THROW(Read({u"10:00:00+01:00\0", 15}), CZqInvalidValueException);
+
+    CDateTime value(2001, 2, 3);
+    EXPECT_EQ(InvalidValue([&] { value.ParseXSDDateTime(u"x"); }), "Invalid XSD DateTime [x]");
+    EXPECT_EQ(InvalidValue([&] { value = CDateTime(nullptr); }), "Invalid DateTime (Null String)");
+    EXPECT_EQ(value.GetType(), DTType_date);
+    EXPECT_EQ(InvalidValue([&] { value.ParseXSDDate(nullptr); }), "Invalid Date (Null String)");
+    EXPECT_EQ(value.GetType(), DTType_yearZero);
+    EXPECT_EQ(InvalidValue([&] { value.ParseXSDTime(nullptr); }), "Invalid Time (Null String)");
+    EXPECT_EQ(InvalidValue([&] { value.ParseXSDDate(u"T"); }), "Invalid Date ('T' not allowed)");
+}
+
+/// Setters get a number that the field can't hold, which they look at only if it is in use.
+TEST(Date, HasTheFieldsOfItsType)
+{
+    const std::string words[] = {"yearZero", "dateTime", "date",   "gYearMonth", "gYear",
+                                 "time",     "gDay",     "gMonth", "gMonthDay",  "unknown"};
+    const std::string targets[] = {"0",  "012345678", "0234678", "0347", "04",
+                                   "05", "06",        "07",      "0678", "0"};
+    for (int type = 0; type <= 9; ++type) {
+        CDateTime date{DTType(type)};
+        EXPECT_EQ(U8(date.GetTypeAsString()), words[type]);
+        const auto check = [&](std::string name, std::string types, auto get, auto set) {
+            if (types.find(std::to_string(type)) != types.npos) {
+                EXPECT_EQ((date.*get)(), 0);
+                EXPECT_THROW((date.*set)(1 << 16), CZqInvalidValueException) << name;
+                return;
+            }
+            const std::string message =
+                "Failed to " + name + ". Invalid Date Type: " + words[type] + ".";
+            EXPECT_EQ(MessageOf<CZqInvalidStateException>([&] { (date.*get)(); }), message);
+            EXPECT_EQ(MessageOf<CZqInvalidStateException>([&] { (date.*set)(1 << 16); }), message);
+        };
+        check("GetYear", "1234", &CDateTime::GetYear, &CDateTime::SetYear);
+        check("GetMonth", "12378", &CDateTime::GetMonth, &CDateTime::SetMonth);
+        check("GetDay", "1268", &CDateTime::GetDay, &CDateTime::SetDay);
+        check("GetHour", "15", &CDateTime::GetHour, &CDateTime::SetHour);
+        check("GetMinute", "15", &CDateTime::GetMinute, &CDateTime::SetMinute);
+        check("GetSecond", "15", &CDateTime::GetSecond, &CDateTime::SetSecond);
+        check("GetMilliSecond", "15", &CDateTime::GetMilliSecond, &CDateTime::SetMilliSecond);
+        check("GetMicroSecond", "15", &CDateTime::GetMicroSecond, &CDateTime::SetMicroSecond);
+        check("GetNanoSecond", "15", &CDateTime::GetNanoSecond, &CDateTime::SetNanoSecond);
+        std::string found;
+        for (int target = 0; target < 9; ++target)
+            try {
+                CDateTime().SetDateTime(date, DTType(target));
+                found += std::to_string(target);
+            }
+            catch (const CZqInvalidValueException&) {
+            }
+        EXPECT_EQ(found, targets[type]) << type;
+    }
+    EXPECT_EQ(InvalidValue([] { CDateTime().SetDateTime(Read(u"---31"), DTType_date); }),
+              "Attempting to set a CDateTime of type date using an XmlDateTime of type gDay. The "
+              "source CDateTime does not contian enough data to allow the conversion.");
+}
+
+TEST(Date, RefusesNumbersOutOfRange)
+{
+    const std::pair<const char*, void (*)(CDateTime&)> rows[] = {
+        {"Month [300] (1 <= month <= 12)", [](auto& d) { d.SetDate(0, 300, 1); }},
+        {"Year [65537] (-9999 <= year <= 9999 && year != 0)", [](auto& d) { d.SetGYear(65'537); }},
+        {"Day [257] (1 <= day <= 31)", [](auto& d) { d.SetGDay(257); }},
+        {"Hour [4294967296] (0 <= hour <= 23)", [](auto& d) { d.SetTime(1LL << 32, 60, 0); }},
+        {"Minute [-1] (0 <= minute <= 59)", [](auto& d) { d.SetTime(0, -1, 60); }},
+        {"Second [60] (0 <= second <= 59)", [](auto& d) { d.SetTime(0, 0, 60, 1000); }},
+        {"Milli-Second [1000] (0 <= milli <= 999)", [](auto& d) { d.SetFracTime(1000, 1000, 0); }},
+        {"Micro-Second [1000] (0 <= micro <= 999)", [](auto& d) { d.SetFracTime(0, 1000, 1000); }},
+        {"Nano-Second [1000] (0 <= nano <= 999)", [](auto& d) { d.SetFracTime(0, 0, 1000); }},
+        {"TimeZone [24:0]", [](auto& d) { d.SetTimeZone(24, 0); }},
+        {"TimeZone [-24:256]", [](auto& d) { d.SetTimeZone(-24, 256); }}};
+    for (const auto& [message, set] : rows) {
+        CDateTime date;
+        EXPECT_EQ(InvalidValue([&, &f = set] { f(date); }), std::string("Invalid ") + message);
+    }
+    CDateTime date(2001, 2, 3, 4, 5, 6);
+    EXPECT_EQ(MessageOf<CZqInvalidStateException>([&] { date.SetDate(2001, 13, 1); }),
+              "Failed to copy CDateTime. Invalid Date Type: date, expected: dateTime.");
+    EXPECT_EQ(MessageOf<CZqInvalidStateException>([&] { date.GetZoneHour(); }),
+              "TimeZone is not been used");
+    EXPECT_THROW(date.SetDateTime(2001, 13, 2, 0, 0, 0), CZqInvalidValueException);
+    EXPECT_EQ(date.ToString(), u"2001-13-02T00:00:00");
+    EXPECT_EQ(InvalidValue([&] { date.GetDayOfYear(); }), "Invalid Month [13] (1 <= month <= 12)");
+}
+
+TEST(Date, IsPartiallyOrdered)
+{
+    CheckOrder(R"(2000-01-01T00:00:00Z ? 2000-01-01T00:00:00
+                  2000-01-01T00:00:00Z ? 2000-01-01T14:00:00
+                  2000-01-01T00:00:00Z < 2000-01-01T14:00:01
+                  2000-01-01T00:00:00Z ? 1999-12-31T10:00:00
+                  2000-01-01T00:00:00Z > 1999-12-31T09:59:59
+                  2000-01-01T12:00:00+02:00 = 2000-01-01T10:00:00Z
+                  2000-01-01T00:00:00-00:30 = 1999-12-31T23:30:00Z
+                  23:00:00-02:00 = 01:00:00+00:00  10:00:00.000000001 < 10:00:00.000000002
+                  2000-01-01T00:00:00 > 2000-01-01  2000-01-01T01:00:00 ? 2000-01-01
+                  ---01 ? --01  -0001 ? 0001  -0002 < -0001  2001 > 2000-12)",
+               Read);
+    EXPECT_TRUE(CDateTime(2001, 1, 1) <= CDateTime(2001, 1, 1) && !(Read(u"---01") <= Read(u"--01"))
+                && CDateTime() == CDateTime() && !(Read(u"---01") >= Read(u"--01")));
+}
+
+/// Year to second, then milli to nano.
+using Fields = std::array<std::int64_t, 9>;
+
+/// The addition step by step, month by month.
+void Walk(Fields& fields, const CDateTimeSpan& span)
+{
+    auto& [year, month, day, hour, minute, second, milli, micro, nano] = fields;
+    const std::int64_t s = span.IsNegative() ? -1 : 1;
+    std::int64_t carry = -1;
+    const auto step = [&](std::int64_t& field, std::uint64_t count, std::int64_t base) {
+        const std::int64_t t = field + carry + s * static_cast<std::int64_t>(count);
+        carry = t >= 0 ? t / base : -((base - 1 - t) / base);
+        field = t - carry * base;
+    };
+    step(month, span.GetMonths(), 12);
+    int m = static_cast<int>(month) + 1;
+    auto y = static_cast<std::int16_t>(year + carry + s * span.GetYears());
+    carry = 0;
+    step(nano, span.GetNanoSeconds(), 1000);
+    step(micro, span.GetMicroSeconds(), 1000);
+    step(milli, span.GetMilliSeconds(), 1000);
+    step(second, span.GetSeconds(), 60);
+    step(minute, span.GetMinutes(), 60);
+    step(hour, span.GetHours(), 24);
+    const auto length = [&] {
+        const bool isLeap = y % 4 == 0 && (y % 100 != 0 || y % 400 == 0);
+        return m == 2 ? (isLeap ? 29 : 28) : m == 4 || m == 6 || m == 9 || m == 11 ? 30 : 31;
+    };
+    std::int64_t r = static_cast<std::int32_t>(carry + s * std::int64_t{span.GetDays()});
+    while (r != 0) {
+        if (r > 0 ? day + r <= length() : day - 1 >= -r) {
+            day += std::exchange(r, 0);
+        }
+        else if (r > 0) {
+            r -= length() + 1 - std::exchange(day, 1);
+            ++m;
+        }
+        else {
+            r += day;
+            --m;
+            day = length();
+        }
+        y = static_cast<std::int16_t>(m == 0 ? y - 1 : m == 13 ? y + 1 : y);
+        m = m == 0 ? 12 : m == 13 ? 1 : m;
+    }
+    year = y;
+    month = m;
+}
+
+/// A dateTime keeps the fields that it refuses.
+CDateTime Make(const Fields& f)
+{
+    CDateTime date;
+    try {
+        date.SetDateTime(f[0], f[1], f[2], f[3], f[4], f[5], f[6], f[7], f[8]);
+    }
+    catch (const CZqInvalidValueException&) {
+    }
+    return date;
+}
+
+TEST(DateAddition, IsThatOfTheWalk)
+{
+    std::mt19937_64 random(1);
+    // Up to so many bits, small numbers as often as large ones.
+    const auto bits = [&](unsigned count) { return random() >> (63 - random() % count); };
+    for (int round = 0; round < 5'000; ++round) {
+        Fields fields;
+        for (std::size_t i = 0; i < fields.size(); ++i)
+            fields[i] = static_cast<std::int64_t>(bits(i < 6 ? 8 : 16));
+        fields[0] = static_cast<std::int16_t>(round % 2 ? random() : 32'767 + bits(7));
+        const bool isLong = round % 1000 == 0;
+        CDateTimeSpan span(bits(16), bits(32), bits(isLong ? 32 : 18), bits(isLong ? 32 : 20),
+                           bits(isLong ? 60 : 25), bits(isLong ? 60 : 30), bits(16), bits(16),
+                           bits(16));
+        if (round % 3 != 0)
+            span.Negate();
+        const CDateTime start = Make(fields);
+        Walk(fields, span);
+        for (int type = 1; type <= 8; ++type) {
+            CDateTime date, expected;
+            date.SetDateTime(start, DTType(type));
+            expected.SetDateTime(Make(fields), DTType(type));
+            ASSERT_EQ(U8((date + span).ToString()), U8(expected.ToString()))
+                << U8(start.ToString()) << " and " << U8(span.ToString());
+        }
+    }
+}
+
+TEST(DateAddition, GoesBackForEverySpanThatIsSubtracted)
+{
+    CDateTimeSpan day(24, 0, 0);
+    EXPECT_EQ((CDateTime(2000, 3, 1) - day).ToString(), u"2000-02-29");
+    day.Negate();
+    EXPECT_EQ((CDateTime(2000, 3, 1) - day).ToString(), u"2000-02-29");
+    EXPECT_EQ((CDateTime(2000, 3, 1) - CDateTime(2001, 1, 1)).ToString(), u"P");
+    EXPECT_EQ(Read(u"23:00:00-02:00").GetNormalized().ToString(), u"01:00:00+00:00");
+    day.SetSeconds(UINT64_MAX);
+    EXPECT_EQ((Read(u"00:00:00") - day).ToString(), u"00:00:01");
+}
+
+TEST(DateOfTheMachine, ComesFromEveryRecord)
+{
+    static_assert(
+        !std::is_constructible_v<
+            CDateTime,
+            bool> && !std::is_constructible_v<CDateTime, char16_t> && !std::is_assignable_v<CDateTime, DTType>);
+    const FILETIME start{0xD53E8000u, 0x019DB1DEu};  // 1970-01-01, in units since 1601
+    for (const CDateTime& date : {CDateTime(0), CDateTime(0LL), CDateTime(0u), CDateTime(start)})
+        EXPECT_EQ(date.ToString(), u"1970-01-01T00:00:00");
+    EXPECT_EQ(CDateTime(253'402'300'799).GetTime(), 253'402'300'799);
+    EXPECT_EQ(CDateTime(FILETIME{123'456, 0}).ToString(), u"1601-01-01T00:00:00.012");
+    const SYSTEMTIME record = CDateTime(2000, 2, 29, 1, 2, 3, 4).GetAsSystemTime();
+    EXPECT_EQ(CDateTime(record).ToString(), u"2000-02-29T01:02:03.004");
+    EXPECT_EQ(CDateTime::GetTickCount().GetType(), DTType_dateTime);
+
+    for (const CDateTime& date :
+         {CDateTime(253'402'300'800), CDateTime(2'005'949'145'600), CDateTime(UINT64_MAX),
+          CDateTime(INT64_MIN), CDateTime(SYSTEMTIME()), CDateTime(FILETIME{0, 0x7FFFFFFF}),
+          CDateTime(FILETIME{0, 0x80000000}), CDateTime(2001, 257, 1), CDateTime(2001, 13, 1)})
+        EXPECT_EQ(date.GetType(), DTType_yearZero);
+    EXPECT_EQ(InvalidValue([] { CDateTime() = 2'005'949'145'600; }),
+              "Invalid Year [65536] (-9999 <= year <= 9999 && year != 0)");
+    EXPECT_EQ(InvalidValue([] { CDateTime() = INT64_MAX; }),
+              "Failed to convert the time [9223372036854775807] to a date");
+    EXPECT_EQ(InvalidValue([] {
+                  CDateTime() = FILETIME{0, 0x80000000};
+              }),
+              "Failed to convert FILETIME to SYSTEMTIME");
+}
+
+TEST(DateOfTheMachine, HasTheWeekdayOfItsZone)
+{
+    const char* const before = std::getenv("TZ");
+    const std::string former = before != nullptr ? before : "";
+    // 2000-01-01 was a Saturday, the 7.
+    for (const auto& [zone, weekdays] :
+         {std::pair("UTC", "77677"), {"Asia/Tokyo", "17777"}, {"America/New_York", "76666"}}) {
+        setenv("TZ", zone, 1);
+        tzset();
+        std::string found;
+        for (const auto text : {u"2000-01-01T20:00:00Z", u"2000-01-01T02:00:00",
+                                u"2000-01-01T02:00:00+05:00", u"2000-01-01", u"2000-01-02+08:00"})
+            found += std::to_string(Read(text).GetDayOfWeek());
+        EXPECT_EQ(found, weekdays) << zone;
+        EXPECT_EQ(Read(u"2000-07-01T10:00:00-03:00").GetTime(), 962'456'400);
+    }
+    before != nullptr ? setenv("TZ", former.c_str(), 1) : unsetenv("TZ");
+    tzset();
+    EXPECT_EQ(Read(u"1600-03-01").GetTime(), -11'670'912'000);
+    EXPECT_EQ(Read(u"2000-03-01").GetDayOfYear(), 61);
+    EXPECT_EQ(Read(u"2001-03-01").GetDayOfYear(), 60);
+    EXPECT_EQ(InvalidValue([] { Read(u"2001").GetTime(); }),
+              "Failed to GetTime, Date Status must be dateTime or date. Invalid Date Type: gYear.");
+}
+
+}  // namespace
+}  // namespace ZqXmlLib9
