@@ -22,8 +22,8 @@ TField Saturate(std::int64_t value)
     return static_cast<TField>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
 }
 
-/// Runs `set`, which constructors do in place of a failure.
-/// \return false for an invalid value
+/// Runs `set` for the constructors that swallow an invalid value.
+/// \return false if it was invalid
 template <typename TSet>
 bool Succeeds(TSet&& set)
 {

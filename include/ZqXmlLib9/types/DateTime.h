@@ -241,7 +241,9 @@ public:
     /// value as it was.
     void ParseXSDDateTime(const char16_t* text);
     void ParseXSDDateTime(std::u16string_view text);
-    /// Reads any type that has no time; the form of the text decides. "--MM--" is a gMonth too.
+    /// Reads any type that has no time; the form of the text decides. "--MM--" is a gMonth too. Of a
+    /// text with a ":", the last six characters are the zone; without a sign in front they are
+    /// ignored.
     void ParseXSDDate(const char16_t* text);
     void ParseXSDDate(std::u16string_view text);
     void ParseXSDTime(const char16_t* text);
