@@ -28,13 +28,13 @@ int FixFromWord(const char16_t* word)
 /// The properties of routes and tracks, and the children of one of them.
 constexpr std::array<SProperty, 9> PathWith(const SProperty& children)
 {
-    return {String<&CPath::m_name>(u"name"),
-            String<&CPath::m_cmt>(u"cmt"),
-            String<&CPath::m_desc>(u"desc"),
-            String<&CPath::m_src>(u"src"),
+    return {Element<&CPath::m_name>(u"name"),
+            Element<&CPath::m_cmt>(u"cmt"),
+            Element<&CPath::m_desc>(u"desc"),
+            Element<&CPath::m_src>(u"src"),
             Children<&CPath::m_links>(u"link"),
-            Literal<&CPath::m_number>(u"number"),
-            String<&CPath::m_type>(u"type"),
+            Element<&CPath::m_number>(u"number"),
+            Element<&CPath::m_type>(u"type"),
             Child<&CPath::m_extensions>(u"extensions"),
             children};
 }
@@ -51,9 +51,9 @@ CGpxClass::CTable& CExtensions::GetTable() const
 CGpxClass::CTable& CLink::GetTable() const
 {
     static constexpr SProperty properties[] = {
-        LiteralAttribute<&CLink::m_href>(u"href"),
-        String<&CLink::m_text>(u"text"),
-        String<&CLink::m_type>(u"type"),
+        Attribute<&CLink::m_href>(u"href", kUri),
+        Element<&CLink::m_text>(u"text"),
+        Element<&CLink::m_type>(u"type"),
     };
     static CTable table(u"linkType", properties);
     return table;
@@ -62,8 +62,8 @@ CGpxClass::CTable& CLink::GetTable() const
 CGpxClass::CTable& CEmail::GetTable() const
 {
     static constexpr SProperty properties[] = {
-        StringAttribute<&CEmail::m_id>(u"id"),
-        StringAttribute<&CEmail::m_domain>(u"domain"),
+        Attribute<&CEmail::m_id>(u"id"),
+        Attribute<&CEmail::m_domain>(u"domain"),
     };
     static CTable table(u"emailType", properties);
     return table;
@@ -72,7 +72,7 @@ CGpxClass::CTable& CEmail::GetTable() const
 CGpxClass::CTable& CPerson::GetTable() const
 {
     static constexpr SProperty properties[] = {
-        String<&CPerson::m_name>(u"name"),
+        Element<&CPerson::m_name>(u"name"),
         Child<&CPerson::m_email>(u"email"),
         Child<&CPerson::m_link>(u"link"),
     };
@@ -83,9 +83,9 @@ CGpxClass::CTable& CPerson::GetTable() const
 CGpxClass::CTable& CCopyright::GetTable() const
 {
     static constexpr SProperty properties[] = {
-        StringAttribute<&CCopyright::m_author>(u"author"),
-        Literal<&CCopyright::m_year>(u"year"),
-        Literal<&CCopyright::m_license>(u"license"),
+        Attribute<&CCopyright::m_author>(u"author"),
+        Element<&CCopyright::m_year>(u"year"),
+        Element<&CCopyright::m_license>(u"license", kUri),
     };
     static CTable table(u"copyrightType", properties);
     return table;
@@ -94,10 +94,10 @@ CGpxClass::CTable& CCopyright::GetTable() const
 CGpxClass::CTable& CBounds::GetTable() const
 {
     static constexpr SProperty properties[] = {
-        LiteralAttribute<&CBounds::m_minlat>(u"minlat"),
-        LiteralAttribute<&CBounds::m_minlon>(u"minlon"),
-        LiteralAttribute<&CBounds::m_maxlat>(u"maxlat"),
-        LiteralAttribute<&CBounds::m_maxlon>(u"maxlon"),
+        Attribute<&CBounds::m_minlat>(u"minlat"),
+        Attribute<&CBounds::m_minlon>(u"minlon"),
+        Attribute<&CBounds::m_maxlat>(u"maxlat"),
+        Attribute<&CBounds::m_maxlon>(u"maxlon"),
     };
     static CTable table(u"boundsType", properties);
     return table;
@@ -106,13 +106,13 @@ CGpxClass::CTable& CBounds::GetTable() const
 CGpxClass::CTable& CMetadata::GetTable() const
 {
     static constexpr SProperty properties[] = {
-        String<&CMetadata::m_name>(u"name"),
-        String<&CMetadata::m_desc>(u"desc"),
+        Element<&CMetadata::m_name>(u"name"),
+        Element<&CMetadata::m_desc>(u"desc"),
         Child<&CMetadata::m_author>(u"author"),
         Child<&CMetadata::m_copyright>(u"copyright"),
         Children<&CMetadata::m_links>(u"link"),
-        Literal<&CMetadata::m_time>(u"time"),
-        String<&CMetadata::m_keywords>(u"keywords"),
+        Element<&CMetadata::m_time>(u"time"),
+        Element<&CMetadata::m_keywords>(u"keywords"),
         Child<&CMetadata::m_bounds>(u"bounds"),
         Child<&CMetadata::m_extensions>(u"extensions"),
     };
@@ -123,26 +123,26 @@ CGpxClass::CTable& CMetadata::GetTable() const
 CGpxClass::CTable& CWaypoint::GetTable() const
 {
     static constexpr SProperty properties[] = {
-        LiteralAttribute<&CWaypoint::m_lat>(u"lat"),
-        LiteralAttribute<&CWaypoint::m_lon>(u"lon"),
-        Literal<&CWaypoint::m_ele>(u"ele"),
-        Literal<&CWaypoint::m_time>(u"time"),
-        Literal<&CWaypoint::m_magvar>(u"magvar"),
-        Literal<&CWaypoint::m_geoidheight>(u"geoidheight"),
-        String<&CWaypoint::m_name>(u"name"),
-        String<&CWaypoint::m_cmt>(u"cmt"),
-        String<&CWaypoint::m_desc>(u"desc"),
-        String<&CWaypoint::m_src>(u"src"),
+        Attribute<&CWaypoint::m_lat>(u"lat"),
+        Attribute<&CWaypoint::m_lon>(u"lon"),
+        Element<&CWaypoint::m_ele>(u"ele"),
+        Element<&CWaypoint::m_time>(u"time"),
+        Element<&CWaypoint::m_magvar>(u"magvar"),
+        Element<&CWaypoint::m_geoidheight>(u"geoidheight"),
+        Element<&CWaypoint::m_name>(u"name"),
+        Element<&CWaypoint::m_cmt>(u"cmt"),
+        Element<&CWaypoint::m_desc>(u"desc"),
+        Element<&CWaypoint::m_src>(u"src"),
         Children<&CWaypoint::m_links>(u"link"),
-        String<&CWaypoint::m_sym>(u"sym"),
-        String<&CWaypoint::m_type>(u"type"),
+        Element<&CWaypoint::m_sym>(u"sym"),
+        Element<&CWaypoint::m_type>(u"type"),
         Enumeration<&CWaypoint::m_fix, FixToWord, FixFromWord>(u"fix"),
-        Literal<&CWaypoint::m_sat>(u"sat"),
-        Literal<&CWaypoint::m_hdop>(u"hdop"),
-        Literal<&CWaypoint::m_vdop>(u"vdop"),
-        Literal<&CWaypoint::m_pdop>(u"pdop"),
-        Literal<&CWaypoint::m_ageofdgpsdata>(u"ageofdgpsdata"),
-        Literal<&CWaypoint::m_dgpsid>(u"dgpsid"),
+        Element<&CWaypoint::m_sat>(u"sat"),
+        Element<&CWaypoint::m_hdop>(u"hdop"),
+        Element<&CWaypoint::m_vdop>(u"vdop"),
+        Element<&CWaypoint::m_pdop>(u"pdop"),
+        Element<&CWaypoint::m_ageofdgpsdata>(u"ageofdgpsdata"),
+        Element<&CWaypoint::m_dgpsid>(u"dgpsid"),
         Child<&CWaypoint::m_extensions>(u"extensions"),
     };
     static CTable table(u"wptType", properties);
@@ -176,12 +176,9 @@ CGpxClass::CTable& CTrack::GetTable() const
 CGpxClass::CTable& CGpx::GetTable() const
 {
     static constexpr SProperty properties[] = {
-        StringAttribute<&CGpx::m_version>(u"version"),
-        StringAttribute<&CGpx::m_creator>(u"creator"),
-        Child<&CGpx::m_metadata>(u"metadata"),
-        Children<&CGpx::m_waypoints>(u"wpt"),
-        Children<&CGpx::m_routes>(u"rte"),
-        Children<&CGpx::m_tracks>(u"trk"),
+        Attribute<&CGpx::m_version>(u"version"),   Attribute<&CGpx::m_creator>(u"creator"),
+        Child<&CGpx::m_metadata>(u"metadata"),     Children<&CGpx::m_waypoints>(u"wpt"),
+        Children<&CGpx::m_routes>(u"rte"),         Children<&CGpx::m_tracks>(u"trk"),
         Child<&CGpx::m_extensions>(u"extensions"),
     };
     static CTable table(u"gpxType", properties);

@@ -1,8 +1,8 @@
 // GPX 1.1, the exchange format of waypoints, routes and tracks, as classes in the form of generated
 // code. Source: the schema at http://www.topografix.com/GPX/1/1/gpx.xsd.
 //
-// Numbers and times are texts here, so that they come back as they were written. An optional member
-// without a value has no element; collections always exist. Objects are for one thread at a time.
+// An optional member without a value has no element; collections always exist. Objects are for one
+// thread at a time.
 #pragma once
 
 #include "GpxClass.h"
@@ -88,7 +88,7 @@ public:
     }
 
     std::u16string m_author;
-    Text m_year;
+    std::optional<CYear> m_year;
     Text m_license;  ///< an address
 
 protected:
@@ -100,10 +100,10 @@ class CBounds final : public CGpxClass {
 public:
     explicit CBounds(const char16_t* elementName = u"bounds") : CGpxClass(elementName) { Init(); }
 
-    std::u16string m_minlat;
-    std::u16string m_minlon;
-    std::u16string m_maxlat;
-    std::u16string m_maxlon;
+    CDecimal m_minlat;
+    CDecimal m_minlon;
+    CDecimal m_maxlat;
+    CDecimal m_maxlon;
 
 protected:
     CTable& GetTable() const override;
@@ -121,7 +121,7 @@ public:
     CSmartPtr<CPerson> m_author;
     CSmartPtr<CCopyright> m_copyright;
     Collection<CLink> m_links;
-    Text m_time;
+    std::optional<CDateTime> m_time;
     Text m_keywords;
     CSmartPtr<CBounds> m_bounds;
     CSmartPtr<CExtensions> m_extensions;
@@ -135,12 +135,12 @@ class CWaypoint final : public CGpxClass {
 public:
     explicit CWaypoint(const char16_t* elementName = u"wpt") : CGpxClass(elementName) { Init(); }
 
-    std::u16string m_lat;  ///< degrees, WGS 84; north is positive
-    std::u16string m_lon;  ///< degrees, WGS 84; east is positive
-    Text m_ele;            ///< metres
-    Text m_time;           ///< xs:dateTime in UTC
-    Text m_magvar;         ///< degrees
-    Text m_geoidheight;    ///< metres above the ellipsoid
+    CDecimal m_lat;                         ///< degrees, WGS 84; north is positive
+    CDecimal m_lon;                         ///< degrees, WGS 84; east is positive
+    std::optional<CDecimal> m_ele;          ///< metres
+    std::optional<CDateTime> m_time;        ///< in UTC
+    std::optional<CDecimal> m_magvar;       ///< degrees
+    std::optional<CDecimal> m_geoidheight;  ///< metres above the ellipsoid
     Text m_name;
     Text m_cmt;
     Text m_desc;
@@ -149,12 +149,12 @@ public:
     Text m_sym;
     Text m_type;
     std::optional<FixType> m_fix;
-    Text m_sat;  ///< the number of satellites
-    Text m_hdop;
-    Text m_vdop;
-    Text m_pdop;
-    Text m_ageofdgpsdata;  ///< seconds
-    Text m_dgpsid;         ///< 0 to 1023
+    std::optional<CBigInteger> m_sat;  ///< the number of satellites
+    std::optional<CDecimal> m_hdop;
+    std::optional<CDecimal> m_vdop;
+    std::optional<CDecimal> m_pdop;
+    std::optional<CDecimal> m_ageofdgpsdata;  ///< seconds
+    std::optional<CBigInteger> m_dgpsid;      ///< 0 to 1023
     CSmartPtr<CExtensions> m_extensions;
 
 protected:
@@ -169,7 +169,7 @@ public:
     Text m_desc;
     Text m_src;
     Collection<CLink> m_links;
-    Text m_number;
+    std::optional<CBigInteger> m_number;
     Text m_type;
     CSmartPtr<CExtensions> m_extensions;
 

@@ -7,8 +7,8 @@
 //     CGpxClass::CTable& CLink::GetTable() const
 //     {
 //         static constexpr SProperty properties[] = {
-//             LiteralAttribute<&CLink::m_href>(u"href"),
-//             String<&CLink::m_text>(u"text"),
+//             Attribute<&CLink::m_href>(u"href", kUri),
+//             Element<&CLink::m_text>(u"text"),
 //         };
 //         static CTable table(u"linkType", properties);
 //         return table;
@@ -27,6 +27,9 @@
 
 namespace Gpx {
 
+using ZqXmlLib9::CBigInteger;
+using ZqXmlLib9::CDateTime;
+using ZqXmlLib9::CDecimal;
 using ZqXmlLib9::CElementCol;
 using ZqXmlLib9::CSmartPtr;
 using ZqXmlLib9::CWhitespaceUtils;
@@ -39,6 +42,9 @@ using ZqXmlLib9Data::CParentElementInfo;
 
 /// The namespace of GPX 1.1 and of all its elements; its attributes have none.
 inline constexpr char16_t kNamespace[] = u"http://www.topografix.com/GPX/1/1";
+
+/// A year of our era, xs:gYear; its zone isn't kept.
+using CYear = std::uint16_t;
 
 class CGpxClass;
 
@@ -111,6 +117,9 @@ private:
     std::atomic<bool> m_isBuilt{false};
 };
 
+/// The white space of an xs:anyURI, which is kept as a text.
+inline constexpr auto kUri = CWhitespaceUtils::WhitespaceRule_Collapse;
+
 /// \name The kinds of properties
 /// @{
 
@@ -135,66 +144,85 @@ Value<member>& Of(CGpxClass& object)
     return static_cast<typename SMember<decltype(member)>::Class&>(object).*member;
 }
 
-/// A mandatory attribute of type xs:string; the member is a text.
+/// How a simple type is kept: its number, and the setter and getter of the value that crosses to
+/// the engine.
+template <typename T>
+struct SSimple;
+
+template <ZqXmlLib9::ItemType type, auto setter, auto getter>
+struct SSimpleOf {
+    static constexpr ZqXmlLib9::ItemType kType = type;
+    static constexpr auto kSet = setter;
+    static constexpr auto kGet = getter;
+};
+
+template <>
+struct SSimple<std::u16string>
+    : SSimpleOf<ZqXmlLib9::ItemType_string, &ZqVariant::SetString, &ZqVariant::GetString> {};
+template <>
+struct SSimple<CDecimal>
+    : SSimpleOf<ZqXmlLib9::ItemType_decimal, &ZqVariant::SetDecimal, &ZqVariant::GetDecimal> {};
+template <>
+struct SSimple<CBigInteger>
+    : SSimpleOf<ZqXmlLib9::ItemType_integer, &ZqVariant::SetInteger, &ZqVariant::GetInteger> {};
+template <>
+struct SSimple<CDateTime>
+    : SSimpleOf<ZqXmlLib9::ItemType_datetime, &ZqVariant::SetDateTime, &ZqVariant::GetDateTime> {};
+template <>
+struct SSimple<CYear>
+    : SSimpleOf<ZqXmlLib9::ItemType_year, &ZqVariant::SetYear, &ZqVariant::GetYear> {};
+
+/// White space belongs to a text and surrounds any other value.
+template <typename T>
+inline constexpr CWhitespaceUtils::WhitespaceRule kUsualRule =
+    std::is_same_v<T, std::u16string> ? CWhitespaceUtils::WhitespaceRule_Preserve
+                                      : CWhitespaceUtils::WhitespaceRule_Collapse;
+
+/// A mandatory attribute; the member is a value of a simple type.
 template <auto member>
-constexpr SProperty
-StringAttribute(const char16_t* name,
-                CWhitespaceUtils::WhitespaceRule rule = CWhitespaceUtils::WhitespaceRule_Preserve)
+constexpr SProperty Attribute(const char16_t* name,
+                              CWhitespaceUtils::WhitespaceRule rule = kUsualRule<Value<member>>)
 {
     return {name,
             rule,
             [](const SProperty& self, int index) -> CAttributeInfo* {
                 return new ZqXmlLib9Data::CAttributeInfoPrimitive(
-                    self.name, u"", index, /*optional*/ false, ZqXmlLib9::ItemType_string, nullptr,
-                    self.rule, {}, /*defaultValue*/ nullptr);
+                    self.name, u"", index, /*optional*/ false, SSimple<Value<member>>::kType,
+                    nullptr, self.rule, {}, /*defaultValue*/ nullptr);
             },
             nullptr,
             [](CGpxClass& object, bool read, ZqVariant& value) {
+                using Simple = SSimple<Value<member>>;
                 if (read)
-                    value.SetString(Of<member>(object));
+                    (value.*Simple::kSet)(Of<member>(object));
                 else
-                    Of<member>(object) = value.GetString();
+                    Of<member>(object) = (value.*Simple::kGet)();
             },
-            [](const SProperty&, CGpxClass& object) { Of<member>(object).clear(); }};
+            [](const SProperty&, CGpxClass& object) { Of<member>(object) = Value<member>(); }};
 }
 
-/// A mandatory attribute of another simple type, kept as it is written but for the white space
-/// around it; the member is a text.
-template <auto member>
-constexpr SProperty LiteralAttribute(const char16_t* name)
-{
-    return StringAttribute<member>(name, CWhitespaceUtils::WhitespaceRule_Collapse);
-}
-
-/// An optional element of type xs:string; the member is an optional text.
+/// An optional element; the member is an optional value of a simple type.
 template <auto member>
 constexpr SProperty
-String(const char16_t* name,
-       CWhitespaceUtils::WhitespaceRule rule = CWhitespaceUtils::WhitespaceRule_Preserve)
+Element(const char16_t* name,
+        CWhitespaceUtils::WhitespaceRule rule = kUsualRule<typename Value<member>::value_type>)
 {
     return {name,
             rule,
             nullptr,
             [](const SProperty& self, int index) -> CElementInfo* {
-                return new ZqXmlLib9Data::CElementInfoSeqPrimOpt(self.name, kNamespace, index,
-                                                                 ZqXmlLib9::ItemType_string,
-                                                                 nullptr, self.rule, {});
+                return new ZqXmlLib9Data::CElementInfoSeqPrimOpt(
+                    self.name, kNamespace, index,
+                    SSimple<typename Value<member>::value_type>::kType, nullptr, self.rule, {});
             },
             [](CGpxClass& object, bool read, ZqVariant& value) {
+                using Simple = SSimple<typename Value<member>::value_type>;
                 if (!read)
-                    Of<member>(object) = value.GetString();
+                    Of<member>(object) = (value.*Simple::kGet)();
                 else if (Of<member>(object))
-                    value.SetString(*Of<member>(object));
+                    (value.*Simple::kSet)(*Of<member>(object));
             },
             [](const SProperty&, CGpxClass& object) { Of<member>(object).reset(); }};
-}
-
-/// An optional element of another simple type, kept in the same way; the member is an optional
-/// text.
-template <auto member>
-constexpr SProperty Literal(const char16_t* name)
-{
-    return String<member>(name, CWhitespaceUtils::WhitespaceRule_Collapse);
 }
 
 /// An optional element with a word of an enumeration; the member is an optional enum.

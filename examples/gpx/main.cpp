@@ -8,9 +8,13 @@
 #include "Gpx.h"
 
 #include <array>
+#include <cmath>
 #include <cstdlib>
 #include <exception>
+#include <iomanip>
 #include <iostream>
+#include <numbers>
+#include <optional>
 
 namespace {
 
@@ -24,9 +28,11 @@ struct SSummary {
     int segments = 0;
     int points = 0;
     std::array<int, Gpx::kFixWords.size()> pointsByFix{};  ///< by `FixType`
-    int extensions = 0;  ///< elements of other vocabularies, at any depth
-    Gpx::Text firstTime;
-    Gpx::Text lastTime;
+    int extensions = 0;   ///< elements of other vocabularies, at any depth
+    double length = 0;    ///< metres along the segments
+    CDecimal ascent = 0;  ///< metres, all ways up added
+    std::optional<CDateTime> firstTime;
+    std::optional<CDateTime> lastTime;
 
     friend bool operator==(const SSummary&, const SSummary&) = default;
 };
@@ -48,9 +54,39 @@ int CountExtensions(const T* object)
                : 0;
 }
 
-void AddTrackPoint(const Gpx::CWaypoint& point, SSummary& summary)
+/// The way between two points in metres, on a sphere as large as the earth (haversine formula).
+double Distance(const Gpx::CWaypoint& from, const Gpx::CWaypoint& to)
+{
+    constexpr double kEarthRadius = 6371008.8;
+    constexpr double kHalfDegree = std::numbers::pi / 360;
+    // The differences are exact; the trigonometry isn't.
+    const double north = std::sin((to.m_lat - from.m_lat).ToDouble() * kHalfDegree);
+    const double east = std::sin((to.m_lon - from.m_lon).ToDouble() * kHalfDegree);
+    const double narrowing = std::cos(from.m_lat.ToDouble() * 2 * kHalfDegree)
+                             * std::cos(to.m_lat.ToDouble() * 2 * kHalfDegree);
+    return 2 * kEarthRadius * std::asin(std::sqrt(north * north + narrowing * east * east));
+}
+
+/// From one time to another in hours, minutes and seconds.
+CDateTimeSpan Between(const CDateTime& first, const CDateTime& last)
+{
+    const std::int64_t seconds = last.GetTime() - first.GetTime();
+    const auto count = static_cast<std::uint64_t>(std::abs(seconds));
+    CDateTimeSpan span(static_cast<std::uint32_t>(count / 3600), count / 60 % 60, count % 60);
+    if (seconds < 0)
+        span.Negate();
+    return span;
+}
+
+/// \param previous  in the same segment, or null
+void AddTrackPoint(const Gpx::CWaypoint& point, const Gpx::CWaypoint* previous, SSummary& summary)
 {
     ++summary.points;
+    if (previous != nullptr) {
+        summary.length += Distance(*previous, point);
+        if (previous->m_ele && point.m_ele && *point.m_ele > *previous->m_ele)
+            summary.ascent += *point.m_ele - *previous->m_ele;
+    }
     if (point.m_fix)
         ++summary.pointsByFix.at(static_cast<std::size_t>(*point.m_fix));
     summary.extensions += CountExtensions(&point);
@@ -80,11 +116,26 @@ SSummary Summarise(const Gpx::CGpx& gpx)
         summary.segments += track->m_segments->GetCount();
         for (const Gpx::CTrackSegment* segment : *track->m_segments) {
             summary.extensions += CountExtensions(segment);
-            for (const Gpx::CWaypoint* point : *segment->m_points)
-                AddTrackPoint(*point, summary);
+            const Gpx::CWaypoint* previous = nullptr;
+            for (const Gpx::CWaypoint* point : *segment->m_points) {
+                AddTrackPoint(*point, previous, summary);
+                previous = point;
+            }
         }
     }
     return summary;
+}
+
+void PrintTimes(const SSummary& summary)
+{
+    if (!summary.firstTime) {
+        std::cout << "times:      (none)\n";
+        return;
+    }
+    const CDateTimeSpan span = Between(*summary.firstTime, *summary.lastTime);
+    std::cout << "first time: " << ToUtf8(summary.firstTime->ToString()) << '\n'
+              << "last time:  " << ToUtf8(summary.lastTime->ToString()) << '\n'
+              << "time span:  " << ToUtf8(span.ToString()) << '\n';
 }
 
 void Print(const Gpx::CGpx& gpx, const SSummary& summary)
@@ -95,9 +146,10 @@ void Print(const Gpx::CGpx& gpx, const SSummary& summary)
               << "counts:     waypoints " << summary.waypoints << ", routes " << summary.routes
               << ", tracks " << summary.tracks << ", segments " << summary.segments << ", points "
               << summary.points << '\n'
-              << "first time: " << ToUtf8(summary.firstTime.value_or(u"(none)")) << '\n'
-              << "last time:  " << ToUtf8(summary.lastTime.value_or(u"(none)")) << '\n'
-              << "fixes:      ";
+              << "length:     " << std::fixed << std::setprecision(1) << summary.length << " m, "
+              << ToUtf8(summary.ascent.ToString(1)) << " m up\n";
+    PrintTimes(summary);
+    std::cout << "fixes:      ";
     int others = summary.points;
     for (std::size_t i = 0; i < summary.pointsByFix.size(); ++i) {
         std::cout << ToUtf8(Gpx::kFixWords[i]) << ' ' << summary.pointsByFix[i] << ", ";

@@ -45,6 +45,8 @@
 #include <ZqXmlLib9/types/Base64.h>
 #include <ZqXmlLib9/types/BigInteger.h>
 #include <ZqXmlLib9/types/BinaryData.h>
+#include <ZqXmlLib9/types/CheckValue.h>
+#include <ZqXmlLib9/types/Conversions.h>
 #include <ZqXmlLib9/types/DateTime.h>
 #include <ZqXmlLib9/types/DateTimeSpan.h>
 #include <ZqXmlLib9/types/Decimal.h>
@@ -52,6 +54,7 @@
 #include <ZqXmlLib9/types/MachineInteger.h>
 #include <ZqXmlLib9/types/OctetSpan.h>
 #include <ZqXmlLib9/types/PrimitiveRestrictions.h>
+#include <ZqXmlLib9/types/ValueKind.h>
 #include <ZqXmlLib9/types/WhitespaceUtils.h>
 #include <ZqXmlLib9/xml/StringBuffer.h>
 #include <ZqXmlLib9/xml/TextStream.h>

@@ -34,8 +34,10 @@ output=$("$program") || fail "the default document failed"
 contains "the default document" "$output" \
   'name:       Heiderunde über den Wilseder Berg' \
   'counts:     waypoints 4, routes 1, tracks 1, segments 2, points 150' \
+  'length:     6045.2 m, 92.0 m up' \
   'first time: 2024-05-18T08:12:07Z' \
   'last time:  2024-05-18T09:54:02Z' \
+  'time span:  PT1H41M55S' \
   'fixes:      none 1, 2d 3, 3d 33, dgps 16, pps 0, not given 97' \
   'extensions: 83 elements' \
   'Read again: both agree.'
@@ -52,7 +54,7 @@ point() {
 
 extensions='<extensions><a xmlns="urn:a" b="&lt;"><c xmlns="urn:c"/>text</a></extensions>'
 link='<link href="h"><text>t</text><type>y</type></link>'
-position='<ele>1</ele><time>2</time><magvar>3</magvar><geoidheight>4</geoidheight><name>n</name>'
+position='<ele>1</ele><time>2024-05-18T08:12:07.250Z</time><magvar>3</magvar><geoidheight>4</geoidheight><name>n</name>'
 labels="<cmt>c</cmt><desc>d</desc><src>s</src>$link$link"
 quality='<fix>pps</fix><sat>5</sat><hdop>6</hdop><vdop>7</vdop><pdop>8</pdop>'
 quality+='<ageofdgpsdata>9</ageofdgpsdata><dgpsid>10</dgpsid>'
@@ -61,7 +63,7 @@ path="<name>n</name>$labels<number>1</number><type>t</type>$extensions"
 author="<author><name>n</name><email id='i' domain='d'/>$link</author>"
 copyright='<copyright author="a"><year>2026</year><license>l</license></copyright>'
 bounds='<bounds minlat="1" minlon="2" maxlat="3" maxlon="4"/>'
-metadata="<name>n</name><desc>d</desc>$author$copyright$link<time>t</time><keywords>k</keywords>"
+metadata="<name>n</name><desc>d</desc>$author$copyright$link<time>2024-05-18T08:12:07+02:00</time><keywords>k</keywords>"
 expect everything 0 '' "$(gpx "<metadata>$metadata$bounds$extensions</metadata>
 <wpt lat='1' lon='2'>$all</wpt>
 <rte>$path<rtept lat='1' lon='2'>$all</rtept></rte>
@@ -89,7 +91,7 @@ Failed to process the element [wpt]
 Failed to find the required Attribute [lon]" "$(gpx '<wpt lat="1"/>')"
 expect disordered_point 1 "$to_point
 $unexpected [trkpt]. The unexpected element [ele] remains un processed" \
-  "$(point '<time>t</time><ele>1</ele>')"
+  "$(point '<time>2024-05-18T08:12:07Z</time><ele>1</ele>')"
 expect disordered_document 1 "$document
 $unexpected [gpx]. The unexpected element [wpt] remains un processed" \
   "$(gpx '<rte/><wpt lat="1" lon="2"/>')"
@@ -102,6 +104,12 @@ $unexpected [trkpt]. The unexpected element [speed] remains un processed" \
 expect unknown_attribute 1 "$document
 Failed to process the element [wpt]
 Unexpected Attribute [alt] found." "$(gpx '<wpt lat="1" lon="2" alt="3"/>')"
+expect wrong_latitude 1 "$document
+Failed to process the element [wpt]
+The string representing a Decimal, contained an invalid char at position 2 [53°]" \
+  "$(gpx '<wpt lat=" 53° " lon="2"/>')"
+expect wrong_time 1 "$to_point
+Invalid Day [30] (1 <= day <= days in month" "$(point '<time>2024-02-30T00:00:00Z</time>')"
 expect unknown_fix 1 "$to_point
 The fix [4d] is not one of none, 2d, 3d, dgps, pps" "$(point '<fix>4d</fix>')"
 expect other_namespace 1 "$document

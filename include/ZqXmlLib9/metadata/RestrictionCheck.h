@@ -10,11 +10,13 @@ namespace ZqXmlLib9 {
 class CPrimitiveRestrictions;
 class ZqVariant;
 
-/// Tests a value against facets; a record without facets passes every value.
+/// `CheckValue` for a value whose type is known at run time alone.
 /// \param name  of the element or attribute, for the message
-/// \param type  the item type of the metadata
-/// \throws CZqInvalidValueException  "unknown type [...]" for a type that has no facets
-/// \throws CZqException              there is a facet: this version of the library tests none
+/// \param type  the item type of the metadata, by which the value is read
+/// \throws CZqInvalidValueException  "unknown type [%s]" with the word of the value's own type,
+///         for `ItemType_char`, objects and collections
+/// \throws CZqInvalidStateException  the value is of another kind than `type`
+/// \throws CZqException              what `CheckValue` throws
 ZQXMLLIB9_API void CheckRestrictionValue(const char16_t* name, const ZqVariant& value,
                                          ItemType type, const CPrimitiveRestrictions& restrictions);
 

@@ -83,7 +83,7 @@ public:
     explicit CDateTime(const SYSTEMTIME& time);
     explicit CDateTime(const FILETIME& time);
     /// \param time  in seconds since 1970-01-01T00:00:00Z
-    template <NumericInteger TNumber>
+    template <MachineInteger TNumber>
     explicit CDateTime(TNumber time) : CDateTime()
     {
         TrySetTime64(ToTime64(time));
@@ -106,7 +106,7 @@ public:
     /// \param time  in seconds since 1970-01-01T00:00:00Z
     /// \throws CZqInvalidValueException  "Failed to convert the time [%I64d] to a date" where the
     ///         year would not have 32 bits
-    template <NumericInteger TNumber>
+    template <MachineInteger TNumber>
     CDateTime& operator=(TNumber time)
     {
         SetTime64(ToTime64(time));
@@ -321,7 +321,7 @@ public:
     static CDateTime GetTickCount();
 
 private:
-    template <NumericInteger TNumber>
+    template <MachineInteger TNumber>
     static std::int64_t ToTime64(TNumber time) noexcept
     {
         return std::in_range<std::int64_t>(time) ? static_cast<std::int64_t>(time) : INT64_MAX;

@@ -4,13 +4,13 @@
 #pragma once
 
 #include <ZqXmlLib9/Export.h>
+#include <ZqXmlLib9/types/MachineInteger.h>
 
 #include <concepts>
 #include <cstdint>
 #include <limits>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <utility>
 
 namespace ZqXmlLib9 {
@@ -23,13 +23,6 @@ enum DTCompareResult : std::int32_t {
     DTCompareResult_Indeterminate = 3,
 };
 
-/// An integer that is a number: neither `bool` nor a character.
-template <typename T>
-concept NumericInteger =
-    std::integral<T> && !std::same_as<
-        T,
-        bool> && (std::same_as<T, std::make_signed_t<T>> || std::same_as<T, std::make_unsigned_t<T>>);
-
 /// \throws CZqInvalidValueException  always, with the message of `CSpanCount`
 [[noreturn]] ZQXMLLIB9_API void RefuseSpanCount(bool isNegative, std::uint64_t count,
                                                 std::uint64_t max);
@@ -40,7 +33,7 @@ class CSpanCount {
 public:
     /// \throws CZqInvalidValueException  "Invalid count [%I64d] (0 <= count <= %I64u)" if the field
     ///         can't hold the count
-    template <NumericInteger TNumber>
+    template <MachineInteger TNumber>
     CSpanCount(TNumber count) : m_count(static_cast<TField>(count))
     {
         if (!std::in_range<TField>(count))
@@ -78,7 +71,7 @@ public:
     virtual ~CDateTimeSpan();
 
     /// Takes the arguments of each of the constructors, with its result: the sign is reset too.
-    template <NumericInteger... TNumbers>
+    template <MachineInteger... TNumbers>
     void SetDateTimeSpan(TNumbers... counts)
     {
         *this = CDateTimeSpan(counts...);
