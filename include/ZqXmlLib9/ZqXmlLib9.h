@@ -6,11 +6,15 @@
 #include <ZqXmlLib9/Version.h>
 #include <ZqXmlLib9/collections/Attribute.h>
 #include <ZqXmlLib9/collections/AttributeCol.h>
+#include <ZqXmlLib9/collections/DatetimeCollections.h>
 #include <ZqXmlLib9/collections/Element.h>
 #include <ZqXmlLib9/collections/ElementCol.h>
+#include <ZqXmlLib9/collections/ValueCollection.h>
+#include <ZqXmlLib9/collections/ValueCollections.h>
 #include <ZqXmlLib9/collections/XmlCollection.h>
 #include <ZqXmlLib9/collections/XmlCollectionBase.h>
 #include <ZqXmlLib9/collections/XmlObjectCollection.h>
+#include <ZqXmlLib9/collections/XmlTypeCollection.h>
 #include <ZqXmlLib9/collections/ZqIterator.h>
 #include <ZqXmlLib9/engine/ClassfactoryBase.h>
 #include <ZqXmlLib9/engine/Enums.h>

@@ -15,15 +15,12 @@ namespace ZqXmlLib9 {
 ///
 /// Every change fires, in this order: add or remove, then, once the list has changed, its
 /// completion, and the change event. The data of the add events is the item, that of the remove
-/// events null. The collection is duplicated by `Clone()` where a class has one, never by a copy.
+/// events null. A class may duplicate it by `Clone()`.
 ///
 /// Every adding operation takes hold of the item first: an item that nobody else holds is
 /// destroyed if the operation fails.
 class ZQXMLLIB9_API CXmlCollection : public CXmlCollectionBase {
 public:
-    CXmlCollection(const CXmlCollection&) = delete;
-    CXmlCollection& operator=(const CXmlCollection&) = delete;
-
     int GetCount() const override { return m_count; }
     /// Removes the items one by one, from the first, each with its events.
     void Clear() override;

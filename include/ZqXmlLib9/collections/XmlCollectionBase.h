@@ -19,8 +19,13 @@ namespace ZqXmlLib9 {
 /// Listeners hear of every change on the thread that makes it. They are not held: whoever
 /// registers deregisters, or outlives the collection. One that is added during an event hears the
 /// next event; one that is removed during an event is not called again.
+///
+/// Collections are not copied: listeners belong to one of them.
 class ZQXMLLIB9_API CXmlCollectionBase : public CXmlObjectBase {
 public:
+    CXmlCollectionBase(const CXmlCollectionBase&) = delete;
+    CXmlCollectionBase& operator=(const CXmlCollectionBase&) = delete;
+
     using CXmlObjectBase::GetBase;
     CXmlObjectBase* GetBase() override;
 
@@ -63,6 +68,8 @@ protected:
     CXmlCollectionBase(const char16_t* elementName, const char16_t* targetNamespace, int minOccurs,
                        int maxOccurs);
 
+    /// Whether an event would reach anyone.
+    bool HasListeners() const noexcept { return !m_listeners.empty(); }
     void FireOnCollectionChange();
     void FireOnCollectionAdd(void* item);
     void FireOnCollectionAddComplete(void* item);
