@@ -1,3 +1,5 @@
+#include "UnpairedSurrogate.h"
+
 #include "../platform/TextEncodings.h"
 
 #include <ZqXmlLib9/engine/Exceptions.h>
@@ -6,14 +8,19 @@
 
 namespace ZqXmlLib9 {
 
+void ThrowUnpairedSurrogate(char16_t unit, std::uint64_t position)
+{
+    throw CZqInvalidValueException(
+        FormatString(u"The text has an unpaired surrogate [0x%04X] at position %I64u",
+                     static_cast<unsigned>(unit), position));
+}
+
 std::string ToUtf8(std::u16string_view text)
 {
     std::string utf8;
     const std::size_t bad = AppendAsUtf8(text, utf8);
     if (bad != kWholeText)
-        throw CZqInvalidValueException(
-            FormatString(u"The text has an unpaired surrogate [0x%04X] at position %I64u",
-                         static_cast<unsigned>(text[bad]), bad));
+        ThrowUnpairedSurrogate(text[bad], bad);
     return utf8;
 }
 

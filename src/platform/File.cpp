@@ -6,8 +6,24 @@
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace ZqXmlLib9 {
+namespace {
+
+/// Opens without waiting, not for a pipe either.
+int OpenDescriptor(std::u16string_view path, int flags, int& descriptor)
+{
+    std::string name;
+    if (AppendAsUtf8(path, name) != kWholeText)
+        return EILSEQ;
+    do {
+        descriptor = ::open(name.c_str(), flags | O_CLOEXEC | O_NONBLOCK, 0666);
+    } while (descriptor < 0 && errno == EINTR);
+    return descriptor < 0 ? errno : 0;
+}
+
+}  // namespace
 
 CReadFile::~CReadFile()
 {
@@ -17,14 +33,8 @@ CReadFile::~CReadFile()
 
 int CReadFile::Open(std::u16string_view path)
 {
-    std::string name;
-    if (AppendAsUtf8(path, name) != kWholeText)
-        return EILSEQ;
-    do {
-        m_descriptor = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    } while (m_descriptor < 0 && errno == EINTR);
-    if (m_descriptor < 0)
-        return errno;
+    if (const int error = OpenDescriptor(path, O_RDONLY, m_descriptor))
+        return error;
     struct stat status {};
     if (::fstat(m_descriptor, &status) != 0)
         return errno;
@@ -69,6 +79,58 @@ int CReadFile::FinishRead(std::uint64_t offset, std::span<std::byte> buffer,
             return errno;
     }
     return 0;
+}
+
+CWriteFile::~CWriteFile()
+{
+    static_cast<void>(Close());
+}
+
+int CWriteFile::Open(std::u16string_view path)
+{
+    static_cast<void>(Close());
+    if (const int error = OpenDescriptor(path, O_WRONLY | O_CREAT | O_TRUNC, m_descriptor))
+        return error;
+    // The writes may wait, for the reader of a pipe.
+    const int flags = ::fcntl(m_descriptor, F_GETFL);
+    if (flags < 0 || ::fcntl(m_descriptor, F_SETFL, flags & ~O_NONBLOCK) != 0)
+        return errno;
+    m_canSeek = ::lseek(m_descriptor, 0, SEEK_CUR) >= 0;
+    return 0;
+}
+
+void CWriteFile::StartWrite(std::uint64_t offset, std::span<const std::byte> data)
+{
+    m_written = 0;
+    m_error = 0;
+    while (m_written < data.size()) {
+        const std::span<const std::byte> rest = data.subspan(m_written);
+        const ssize_t count = m_canSeek ? ::pwrite(m_descriptor, rest.data(), rest.size(),
+                                                   static_cast<off_t>(offset + m_written))
+                                        : ::write(m_descriptor, rest.data(), rest.size());
+        if (count > 0) {
+            m_written += static_cast<std::size_t>(count);
+        }
+        else if (count == 0 || errno != EINTR) {
+            m_error = count == 0 ? EIO : errno;
+            return;
+        }
+    }
+}
+
+int CWriteFile::FinishWrite(std::size_t& count)
+{
+    count = std::exchange(m_written, 0);
+    return std::exchange(m_error, 0);
+}
+
+int CWriteFile::Close()
+{
+    m_written = 0;
+    m_error = 0;
+    const int descriptor = std::exchange(m_descriptor, -1);
+    // The descriptor is gone after any outcome; a second close could hit another one's.
+    return descriptor < 0 || ::close(descriptor) == 0 ? 0 : errno;
 }
 
 }  // namespace ZqXmlLib9

@@ -1,5 +1,4 @@
-// Files for reading. Names are UTF-16 here and UTF-8 at the system call; failures are errno codes,
-// 0 for none.
+// Files. Names are UTF-16 here and UTF-8 at the system call; failures are errno codes, 0 for none.
 #pragma once
 
 #include <cstddef>
@@ -34,6 +33,38 @@ public:
 
 private:
     int m_descriptor = -1;
+};
+
+/// A file that is open for writing, closed at the end of its life. One write at a time.
+///
+/// Writes go to the page cache, which the system writes out while the program goes on: so the octets
+/// are taken before `StartWrite` returns, and their outcome is known to `FinishWrite`. What the
+/// system can write no earlier than at the end of the file's life is known to `Close`.
+class CWriteFile {
+public:
+    CWriteFile() = default;
+    CWriteFile(const CWriteFile&) = delete;
+    CWriteFile& operator=(const CWriteFile&) = delete;
+    ~CWriteFile();
+
+    /// Creates a file, or empties the one that is there. It never waits: a pipe that nobody reads
+    /// is a failure.
+    int Open(std::u16string_view path);
+
+    /// Begins to write all of the octets at an offset; what cannot seek takes them where it stands.
+    void StartWrite(std::uint64_t offset, std::span<const std::byte> data);
+    /// The outcome of the write begun last.
+    /// \param count  takes its octets; 0 where none was begun
+    int FinishWrite(std::size_t& count);
+
+    /// Closes the file, whatever the outcome is. Without an open file there is nothing to fail.
+    int Close();
+
+private:
+    int m_descriptor = -1;
+    bool m_canSeek = true;
+    std::size_t m_written = 0;
+    int m_error = 0;
 };
 
 }  // namespace ZqXmlLib9

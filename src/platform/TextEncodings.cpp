@@ -12,29 +12,52 @@ constexpr bool IsAscii(char32_t c)
     return c < 0x80;
 }
 
-void AppendScalarAsUtf8(char32_t c, std::string& utf8)
+/// \return the place behind what was written
+char* WriteScalarAsUtf8(char32_t c, char* utf8)
 {
-    const auto tail = [&](unsigned shift) {
-        utf8.push_back(static_cast<char>(0x80 | ((c >> shift) & 0x3F)));
-    };
+    const auto put = [&](char32_t octet) { *utf8++ = static_cast<char>(octet); };
+    const auto tail = [&](unsigned shift) { put(0x80 | ((c >> shift) & 0x3F)); };
     if (c < 0x80) {
-        utf8.push_back(static_cast<char>(c));
+        put(c);
     }
     else if (c < 0x800) {
-        utf8.push_back(static_cast<char>(0xC0 | (c >> 6)));
+        put(0xC0 | (c >> 6));
         tail(0);
     }
     else if (c < 0x10000) {
-        utf8.push_back(static_cast<char>(0xE0 | (c >> 12)));
+        put(0xE0 | (c >> 12));
         tail(6);
         tail(0);
     }
     else {
-        utf8.push_back(static_cast<char>(0xF0 | (c >> 18)));
+        put(0xF0 | (c >> 18));
         tail(12);
         tail(6);
         tail(0);
     }
+    return utf8;
+}
+
+/// Where the run of ASCII ends that begins at `i`, if any does. Blocks let the compiler take many
+/// units at a time.
+std::size_t AsciiEnd(std::u16string_view text, std::size_t i)
+{
+    constexpr std::size_t kBlock = 32;
+    for (; text.size() - i >= kBlock; i += kBlock) {
+        unsigned all = 0;
+        for (const char16_t c : text.substr(i, kBlock))
+            all |= c;
+        if (!IsAscii(all))
+            break;
+    }
+    while (i < text.size() && IsAscii(text[i]))
+        ++i;
+    return i;
+}
+
+bool IsPair(std::u16string_view text, std::size_t i)
+{
+    return IsHighSurrogate(text[i]) && i + 1 < text.size() && IsLowSurrogate(text[i + 1]);
 }
 
 void AppendScalarAsUtf16(char32_t c, std::u16string& utf16)
@@ -91,37 +114,63 @@ bool ReadSequence(std::string_view text, std::size_t& index, char32_t& c)
 
 }  // namespace
 
-std::size_t FindUnpairedSurrogate(std::u16string_view text)
+SWellFormedPart MeasureAsUtf8(std::u16string_view text)
+{
+    std::size_t octets = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char16_t c = text[i];
+        if (IsAscii(c)) {
+            const std::size_t end = AsciiEnd(text, i);
+            octets += end - i;
+            i = end - 1;
+        }
+        else if (!IsHighSurrogate(c) && !IsLowSurrogate(c)) {
+            octets += c < 0x800 ? 2 : 3;
+        }
+        else if (IsPair(text, i)) {
+            octets += 4;
+            ++i;
+        }
+        else {
+            return {i, octets};
+        }
+    }
+    return {text.size(), octets};
+}
+
+void WriteAsUtf8(std::u16string_view text, char* utf8)
 {
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (IsHighSurrogate(text[i]) && i + 1 < text.size() && IsLowSurrogate(text[i + 1]))
-            ++i;
-        else if (IsHighSurrogate(text[i]) || IsLowSurrogate(text[i]))
-            return i;
+        const char16_t c = text[i];
+        if (IsAscii(c)) {
+            const std::u16string_view run = text.substr(i, AsciiEnd(text, i) - i);
+            utf8 = std::copy(run.begin(), run.end(), utf8);
+            i += run.size() - 1;
+        }
+        else if (IsPair(text, i)) {
+            const char32_t low = text[++i];
+            utf8 =
+                WriteScalarAsUtf8(0x10000 + ((char32_t{c} - 0xD800) << 10) + (low - 0xDC00), utf8);
+        }
+        else {
+            utf8 = WriteScalarAsUtf8(c, utf8);
+        }
     }
-    return kWholeText;
+}
+
+std::size_t FindUnpairedSurrogate(std::u16string_view text)
+{
+    const std::size_t units = MeasureAsUtf8(text).units;
+    return units == text.size() ? kWholeText : units;
 }
 
 std::size_t AppendAsUtf8(std::u16string_view text, std::string& utf8)
 {
-    utf8.reserve(utf8.size() + text.size());
-    for (std::size_t i = 0; i < text.size();) {
-        const auto run = static_cast<std::size_t>(
-            std::find_if_not(text.begin() + static_cast<std::ptrdiff_t>(i), text.end(), IsAscii)
-            - text.begin());
-        utf8.append(text.begin() + static_cast<std::ptrdiff_t>(i),
-                    text.begin() + static_cast<std::ptrdiff_t>(run));
-        if ((i = run) == text.size())
-            break;
-        char32_t c = text[i];
-        if (IsHighSurrogate(c) && i + 1 < text.size() && IsLowSurrogate(text[i + 1]))
-            c = 0x10000 + ((c - 0xD800) << 10) + (text[++i] - 0xDC00u);
-        else if (IsHighSurrogate(c) || IsLowSurrogate(c))
-            return i;
-        ++i;
-        AppendScalarAsUtf8(c, utf8);
-    }
-    return kWholeText;
+    const SWellFormedPart part = MeasureAsUtf8(text);
+    const std::size_t before = utf8.size();
+    utf8.resize(before + part.octets);
+    WriteAsUtf8(text.substr(0, part.units), utf8.data() + before);
+    return part.units == text.size() ? kWholeText : part.units;
 }
 
 std::size_t AppendAsUtf16(std::string_view text, std::u16string& utf16)
@@ -142,7 +191,7 @@ std::string ToPrintableUtf8(std::u16string_view text)
 {
     std::string utf8;
     for (std::size_t bad = 0; (bad = AppendAsUtf8(text, utf8)) != kWholeText;) {
-        AppendScalarAsUtf8(0xFFFD, utf8);
+        utf8 += "\xEF\xBF\xBD";
         text.remove_prefix(bad + 1);
     }
     return utf8;

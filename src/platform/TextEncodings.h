@@ -25,6 +25,17 @@ constexpr bool IsLowSurrogate(char32_t c)
 /// The index of the first code unit that is half a surrogate pair without the other, or kWholeText.
 std::size_t FindUnpairedSurrogate(std::u16string_view text);
 
+/// The part of a text in front of its first unpaired surrogate.
+struct SWellFormedPart {
+    std::size_t units;   ///< its length in code units
+    std::size_t octets;  ///< its length in UTF-8
+};
+
+SWellFormedPart MeasureAsUtf8(std::u16string_view text);
+
+/// Writes well-formed text to `utf8`, which has the room that `MeasureAsUtf8` asks for.
+void WriteAsUtf8(std::u16string_view text, char* utf8);
+
 /// Appends `text` to `utf8`, up to the first unpaired surrogate.
 /// \return the index of that code unit, or kWholeText
 std::size_t AppendAsUtf8(std::u16string_view text, std::string& utf8);

@@ -79,7 +79,8 @@ void CStringBuffer::Clear()
         Reset();
         return;
     }
-    std::fill_n(m_blocks[0].units.get(), std::size_t{m_capacity} + 1, u'\0');
+    // Behind the text the block is still zero. It may be large, and a stream is cleared often.
+    std::fill_n(m_blocks[0].units.get(), m_position, u'\0');
     m_position = 0;
     m_totalLength = 0;
 }
