@@ -11,6 +11,9 @@
 #include <ZqXmlLib9/engine/Exceptions.h>
 #include <ZqXmlLib9/engine/FormatString.h>
 #include <ZqXmlLib9/engine/Text.h>
+#include <ZqXmlLib9/engine/XmlSerializationContext.h>
+#include <ZqXmlLib9/fastinfoset/ZqZip.h>
+#include <ZqXmlLib9/types/BinaryData.h>
 #include <ZqXmlLib9/xml/XmlDocument.h>
 #include <ZqXmlLib9/xml/XmlElement.h>
 
@@ -170,7 +173,13 @@ void CXmlDocument::LoadChunks(const char16_t* path)
 
 void CXmlDocument::Parse(std::span<const std::byte> data)
 {
-    ParseText(data);
+    // A compressed file of UTF-16 has the mark of that encoding in front of the compressed octets.
+    const bool hasMark =
+        data.size() >= 2 && data[0] == std::byte{0xFF} && data[1] == std::byte{0xFE};
+    CBinaryData inflated;
+    const bool isCompressed = CZqZip::Decompress(data.subspan(hasMark ? 2 : 0), inflated,
+                                                 m_context->GetMaxInflatedSize());
+    ParseText(isCompressed ? ToOctets(inflated.GetData(), inflated.GetLength()) : data);
 }
 
 void CXmlDocument::ParseText(std::span<const std::byte> data)

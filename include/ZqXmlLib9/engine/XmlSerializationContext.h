@@ -6,6 +6,7 @@
 #include <ZqXmlLib9/engine/Enums.h>
 #include <ZqXmlLib9/engine/NamespaceAliasMap.h>
 #include <ZqXmlLib9/engine/SmartPtr.h>
+#include <ZqXmlLib9/fastinfoset/ZqZip.h>
 
 #include <atomic>
 #include <cstdint>
@@ -122,6 +123,12 @@ public:
     int GetMaxDepth() const { return m_maxDepth; }
     void SetMaxDepth(int levels) { m_maxDepth = levels; }
 
+    /// How large a compressed document may be when it is inflated, in octets. Default 1 GiB: it
+    /// bounds the memory that a small document can make a program use. 4 GiB are refused whatever
+    /// stands here.
+    std::uint64_t GetMaxInflatedSize() const { return m_maxInflatedSize; }
+    void SetMaxInflatedSize(std::uint64_t octets) { m_maxInflatedSize = octets; }
+
     /// @}
 
 private:
@@ -149,6 +156,7 @@ private:
     std::u16string m_inLineSchema;
     SchemaType m_schemaType = SchemaType_Default;
     std::int32_t m_maxDepth = 1024;
+    std::uint64_t m_maxInflatedSize = CZqZip::kMaxInflatedSize;
     bool m_writeTypeAttribute = true;
     bool m_ignoreInvalidCollectionCounts = false;
     bool m_ignoreMissingChoice = false;

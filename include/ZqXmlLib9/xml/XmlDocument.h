@@ -64,7 +64,10 @@ public:
     ///
     /// All of them fail with `CZqException`: "%s at line %d" with the parser's text where the
     /// document is not well-formed, "The document is nested deeper than %d levels" beyond the
-    /// depth that the context allows.
+    /// depth that the context allows. Blocks of memory, and files that are read whole, may be
+    /// compressed by gzip or zlib, also behind the mark of a UTF-16 file; where they inflate to
+    /// more than the context allows, they fail with "The compressed data is larger than %I64u
+    /// octets when inflated". What is compressed but cut or damaged goes to the parser as it is.
     /// @{
 
     /// UTF-16 text; a declaration in it names UTF-16 or no encoding.

@@ -1,0 +1,84 @@
+// Compression and its reverse: what fits, and what octets of strangers come to.
+
+#include "support/Print.h"
+
+#include <ZqXmlLib9/fastinfoset/ZqZip.h>
+#include <ZqXmlLib9/types/BinaryData.h>
+
+#include <gtest/gtest.h>
+
+#include <regex>
+
+namespace ZqXmlLib9 {
+namespace {
+
+CBinaryData Data(std::string_view octets)
+{
+    return CBinaryData(std::as_bytes(std::span(octets)));
+}
+
+bool Inflate(std::string_view stream, CBinaryData& data, std::uint64_t limit)
+{
+    return CZqZip::Decompress(std::as_bytes(std::span(stream)), data, limit);
+}
+
+class Wrapper : public testing::TestWithParam<std::pair<CompressionType, unsigned char>> {};
+
+TEST_P(Wrapper, HoldsWhatGetsShorter)
+{
+    const CompressionType type = GetParam().first;
+    for (std::uint32_t size = 0; size < 400'000; size += size < 64 ? 1 : 99'999) {
+        const CBinaryData plain = Data(std::string(size, 'x'));
+        CBinaryData data = plain;
+        std::uint32_t length = size;
+        unsigned char* array = CBinaryData(plain).ReleaseData();
+        try {
+            CZqZip::Compress(data, type);
+            EXPECT_TRUE(size == 0 || data[0] == GetParam().second);
+            CZqZip::CompressData(&array, &length, type);
+            EXPECT_EQ(data, CBinaryData(array, length));
+            CZqZip::Decompress(&array, &length);
+        }
+        catch (const CZqException& failure) {
+            const std::regex words(R"(Failed to compress data\. \[Error Code: (0|-5)\])");
+            EXPECT_TRUE(std::regex_match(failure.GetFullMessageUtf8(), words)) << failure;
+            EXPECT_LT(size, 32u);
+            EXPECT_EQ(data, size == 0 ? plain : CBinaryData());
+        }
+        EXPECT_EQ(CBinaryData(array, length, true), plain) << size;
+    }
+}
+
+TEST_P(Wrapper, IsOpenedOnlyIfItIsWhole)
+{
+    const CBinaryData plain = Data(std::string(500, 'x'));
+    CBinaryData whole = plain;
+    CZqZip::Compress(whole, GetParam().first);
+    const std::string stream(reinterpret_cast<const char*>(whole.GetData()), whole.GetLength());
+    CBinaryData inflated = plain;
+    for (std::size_t length = 0; length < stream.size(); ++length)
+        EXPECT_FALSE(Inflate(stream.substr(0, length), inflated, 500));
+    // A damaged octet is noticed, unless it says nothing about the data.
+    for (std::size_t bit = 0; bit < 8 * stream.size(); ++bit) {
+        std::string damaged = stream;
+        damaged[bit / 8] = static_cast<char>(damaged[bit / 8] ^ (1 << bit % 8));
+        Inflate(damaged, inflated, CZqZip::kMaxInflatedSize);
+        EXPECT_EQ(inflated, plain) << bit;
+    }
+    for (const unsigned limit : {499u, 0u})
+        EXPECT_EQ(MessageOf([&] { Inflate(stream, inflated, limit); }),
+                  "The compressed data is larger than " + std::to_string(limit)
+                      + " octets when inflated");
+    // Never read: the length alone is too much.
+    EXPECT_THROW(Inflate({stream.data(), std::size_t{1} << 32}, inflated, 1), CZqOverFlowException);
+    inflated.Clear();
+    EXPECT_TRUE(Inflate(stream + stream + "<a/>", inflated, 500)) << "the rest is ignored";
+    EXPECT_EQ(inflated, plain);
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, Wrapper,
+                         testing::Values(std::pair(CompressionType_GZIP, 0x1F),
+                                         std::pair(CompressionType_ZLIB, 0x78)));
+
+}  // namespace
+}  // namespace ZqXmlLib9
