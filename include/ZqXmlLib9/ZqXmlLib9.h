@@ -31,6 +31,7 @@
 #include <ZqXmlLib9/engine/XmlObjectBase.h>
 #include <ZqXmlLib9/engine/XmlSerializationContext.h>
 #include <ZqXmlLib9/engine/ZqVariant.h>
+#include <ZqXmlLib9/fastinfoset/ZqZip.h>
 #include <ZqXmlLib9/metadata/AttributeInfo.h>
 #include <ZqXmlLib9/metadata/AttributeInfoAny.h>
 #include <ZqXmlLib9/metadata/AttributeInfoEnum.h>
@@ -60,6 +61,9 @@
 #include <ZqXmlLib9/types/PrimitiveRestrictions.h>
 #include <ZqXmlLib9/types/ValueKind.h>
 #include <ZqXmlLib9/types/WhitespaceUtils.h>
+#include <ZqXmlLib9/xml/BinaryStream.h>
+#include <ZqXmlLib9/xml/FileBinaryStream.h>
+#include <ZqXmlLib9/xml/FileTextStream.h>
 #include <ZqXmlLib9/xml/StringBuffer.h>
 #include <ZqXmlLib9/xml/TextStream.h>
 #include <ZqXmlLib9/xml/XmlAttribute.h>

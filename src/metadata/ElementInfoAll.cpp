@@ -1,5 +1,7 @@
 // How the records of an all group read.
 
+#include "../engine/Support.h"
+
 #include <ZqXmlLib9/engine/Exceptions.h>
 #include <ZqXmlLib9/engine/FormatString.h>
 #include <ZqXmlLib9/engine/XmlGeneratedClass.h>
@@ -9,13 +11,11 @@
 namespace ZqXmlLib9Data {
 namespace {
 
-constexpr const char16_t* kSupportAddress = u"support@zqxmllib9.example";
-
 [[noreturn]] void ThrowCannotRead(const char16_t* className)
 {
     throw ZqXmlLib9::CZqException(
         ZqXmlLib9::FormatString(u"%s::ElementFromXml, has not been implemented fully, contact %s",
-                                className, kSupportAddress));
+                                className, ZqXmlLib9::kSupportAddress));
 }
 
 }  // namespace

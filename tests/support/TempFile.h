@@ -27,6 +27,11 @@ public:
 
     std::u16string GetName() const { return ZqXmlLib9::ToUtf16(m_path.string()); }
     const std::filesystem::path& GetPath() const { return m_path; }
+    std::string GetContent() const
+    {
+        std::ifstream file(m_path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
 
 private:
     std::filesystem::path m_path;

@@ -5,6 +5,7 @@
 #include <ZqXmlLib9/Export.h>
 #include <ZqXmlLib9/engine/Enums.h>
 #include <ZqXmlLib9/engine/InstanceMonitor.h>
+#include <ZqXmlLib9/types/BinaryData.h>
 #include <ZqXmlLib9/xml/StringBuffer.h>
 
 #include <cstdint>
@@ -42,6 +43,24 @@ public:
 
     /// The whole text, ended by a NUL; it belongs to the stream and is good until the next write.
     const char16_t* GetText() { return m_buffer.GetText(); }
+
+    /// The whole text in the encoding of the stream. UTF-16 comes as its code units, least
+    /// significant octet first, without a mark, and also where a surrogate stands alone.
+    /// \throws CZqException              "Unknown Encoding, select UTF-8 (contact support ...",
+    ///         where the encoding is none or unknown
+    /// \throws CZqInvalidValueException  an unpaired surrogate in text that has to be UTF-8; the
+    ///         message names it and its place, counted in code units from 0
+    /// \throws CZqOverFlowException      4 GiB or more
+    CBinaryData GetEncodedData();
+
+protected:
+    /// \param position  where the text stands in the document, in code units
+    /// \throws CZqException  as `GetEncodedData`
+    CBinaryData Encode(std::u16string_view text, std::uint64_t position) const;
+    /// \throws CZqException  "Unknown Encoding, ..."
+    void RequireByteForm() const;
+    /// Empties the stream and keeps room for what comes next.
+    void Clear() { m_buffer.Clear(); }
 
 private:
     CStringBuffer m_buffer;

@@ -1,0 +1,157 @@
+// Text on its way to a file, in pieces that are flushed or at once, and every failure of the system
+// on that way, most of them real ones.
+
+#include "support/Print.h"
+#include "support/TempFile.h"
+
+#include <ZqXmlLib9/ZqXmlLib9.h>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <regex>
+#include <sys/resource.h>
+#include <sys/syscall.h>
+
+namespace {
+
+/// What the system does to the calls of this program, if anything.
+bool g_isWritingTroubled = false;
+bool g_isClosingFailing = false;
+
+}  // namespace
+
+// They stand in front of those of the C library, for the library too.
+extern "C" ssize_t pwrite(int descriptor, const void* data, std::size_t size, off_t offset)
+{
+    static bool isInterrupted = false;
+    if (g_isWritingTroubled && (isInterrupted = !isInterrupted)) {
+        errno = EINTR;
+        return -1;
+    }
+    return ::syscall(SYS_pwrite64, descriptor, data, g_isWritingTroubled ? 1 : size, offset);
+}
+
+extern "C" int close(int descriptor)
+{
+    const auto result = static_cast<int>(::syscall(SYS_close, descriptor));
+    errno = EIO;
+    return g_isClosingFailing ? -1 : result;
+}
+
+namespace ZqXmlLib9 {
+namespace {
+
+using Pieces = std::vector<std::u16string>;
+
+enum EWay { InPieces, AtOnce };
+constexpr EWay kWays[] = {InPieces, AtOnce};
+
+/// \return the message of the failure, empty without one
+std::string Write(EWay way, const std::string& path, XmlEncoding encoding, const Pieces& pieces)
+{
+    const std::u16string name = ToUtf16(path);
+    CTextStream memory(encoding);
+    CFileTextStream file(name.c_str(), encoding);
+    CTextStream& stream = way == InPieces ? file : memory;
+    try {
+        stream.Open();
+        for (const std::u16string& piece : pieces) {
+            stream.WriteString(piece);
+            stream.Flush();
+        }
+        stream.Close();
+        if (way == AtOnce)
+            CFileBinaryStream(name.c_str(), encoding, memory.GetEncodedData()).WriteToFile();
+    }
+    catch (const CZqException& failure) {
+        return failure.GetFullMessageUtf8();
+    }
+    return {};
+}
+
+TEST(File, HoldsTheWholeTextWhateverPartsIt)
+{
+    const std::u16string run(5000, u'x');
+    const Pieces pieces = {u"\u00E9\u20AC\xD83D", u"\xDE00\xD83D", u"", u"\xDE01" + run};
+    const std::string utf8 = ToUtf8(u"\u00E9\u20AC\U0001F600\U0001F601" + run);
+    const CTempFile file(std::string(20'000, 'o'));
+    int pipe[2];
+    ASSERT_EQ(::pipe(pipe), 0);
+    for (const EWay way : kWays) {
+        for (const bool isTroubled : {false, true}) {
+            g_isWritingTroubled = isTroubled;
+            EXPECT_EQ(Write(way, file.GetPath(), XmlEncoding_UTF8, pieces), "");
+            EXPECT_TRUE(file.GetContent() == utf8) << way << isTroubled;
+        }
+        g_isWritingTroubled = false;
+        EXPECT_EQ(Write(way, "/dev/fd/" + std::to_string(pipe[1]), XmlEncoding_UTF8, pieces), "");
+        std::string received(utf8.size(), '\0');
+        EXPECT_EQ(::read(pipe[0], received.data(), utf8.size()), std::ssize(utf8));
+        EXPECT_TRUE(received == utf8) << way;
+    }
+    ::close(pipe[0]);
+    ::close(pipe[1]);
+}
+
+TEST(Failure, SaysWhyAndLeavesNoHandleOpen)
+{
+    const CTempFile file("old");
+    const std::string path = file.GetPath().string();
+    const std::string named = "Failed to write data to the file [%] error [0x000000";
+    const std::string later = "Failed to write data to the file. Error [0x000000";
+    const std::string lone = "The text has an unpaired surrogate [0xD801] at position ";
+    const std::string unknown =
+        "Unknown Encoding, select UTF-8 (contact support support@zqxmllib9.example)";
+    const int next = ::dup(0);
+    ::close(next);
+    for (const auto& [target, encoding, pieces, inPieces, atOnce] :
+         {std::tuple(path, 0, Pieces{u"a"}, unknown, unknown),
+          {path, 4, {u"a"}, unknown, unknown},
+          {"/tmp", 1, {u"a"}, named + "15]", named + "15]"},
+          {path + "/\xC3\xBC \xF0\x9F\x98\x80", 1, {u"a"}, named + "14]", named + "14]"},
+          {"/dev/full", 1, {u"a", u"b"}, later + "1C]", named + "1C]"},
+          {"/dev/full", 2, {u"a"}, named + "1C]", named + "1C]"},
+          {"/dev/null", 1, {u"a"}, later + "05]", named + "05]"},
+          {"/dev/zero", 1, {u"b", u"c\xD801", u"d"}, lone + "2", lone + "2"},
+          {"/dev/zero", 1, {u"a\xD801"}, lone + "1", lone + "1"}}) {
+        for (const EWay way : kWays) {
+            g_isClosingFailing = target == "/dev/null";
+            const auto outcome = Write(way, target, static_cast<XmlEncoding>(encoding), pieces);
+            g_isClosingFailing = false;
+            const std::string message = way == InPieces ? inPieces : atOnce;
+            EXPECT_EQ(outcome, std::regex_replace(message, std::regex("%"), target));
+        }
+    }
+    EXPECT_EQ(file.GetContent(), "old");
+    EXPECT_EQ(::dup(0), next);
+    ::close(next);
+}
+
+/// Writes in a process of its own, which ends with the failure on standard error.
+void WriteInLimits(EWay way, const CTempFile& file, bool mayOpen)
+{
+    const rlimit limit{5000, 5000};
+    std::signal(SIGXFSZ, SIG_IGN);
+    if (mayOpen ? ::setrlimit(RLIMIT_FSIZE, &limit) : ::setuid(65534))
+        std::cerr << "not set: ";
+    const Pieces pieces(3, std::u16string(2000, u'x'));
+    std::cerr << Write(way, file.GetPath(), XmlEncoding_UTF8, pieces);
+    std::_Exit(0);
+}
+
+TEST(Failure, ComesFromTheLimitsOfAProcess)
+{
+    const testing::ExitedWithCode good(0);
+    const CTempFile file("");
+    for (const EWay way : kWays) {
+        std::filesystem::permissions(file.GetPath(), std::filesystem::perms::owner_all);
+        EXPECT_EXIT(WriteInLimits(way, file, true), good, "rror \\[0x0000001B\\]");
+        EXPECT_EQ(file.GetContent(), std::string(5000, 'x'));
+        std::filesystem::permissions(file.GetPath(), std::filesystem::perms::none);
+        EXPECT_EXIT(WriteInLimits(way, file, false), good, "error \\[0x0000000D\\]");
+    }
+}
+
+}  // namespace
+}  // namespace ZqXmlLib9
