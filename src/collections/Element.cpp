@@ -9,6 +9,8 @@
 #include <ZqXmlLib9/engine/Exceptions.h>
 #include <ZqXmlLib9/engine/FormatString.h>
 #include <ZqXmlLib9/engine/Text.h>
+#include <ZqXmlLib9/engine/XmlSerializationContext.h>
+#include <ZqXmlLib9/types/BinaryData.h>
 #include <ZqXmlLib9/xml/TextStream.h>
 #include <ZqXmlLib9/xml/XmlAttribute.h>
 #include <ZqXmlLib9/xml/XmlDocument.h>
@@ -55,6 +57,21 @@ CElement::CElement(const char16_t* name, const char16_t* ns, const char16_t* res
     : CInstanceMonitor(u"CElement")
 {
     Init(name, ns, restriction, targetNamespace);
+}
+
+CElement::CElement(const CXmlObjectBase* object, const char16_t* defaultNamespace)
+    : CInstanceMonitor(u"CElement"), m_defaultNamespace(TextOrEmpty(defaultNamespace))
+{
+    if (object == nullptr)
+        throw CZqInvalidParamException(u"The object to copy is null");
+    Init(u"", u"", u"##any", u"");
+    CXmlSerializationContext context;
+    context.SetDefaultNamespaceURI(m_defaultNamespace.c_str());
+    const CBinaryData data = object->ToXmlStream(false, false, XmlEncoding_UTF8, EOLType_LF,
+                                                 context, CompressionType_None);
+    CXmlDocument document(context);
+    document.LoadXmlStream(data.GetData(), data.GetLength());
+    CopyXmlElement(document.GetDocumentElement());
 }
 
 CElement::~CElement() = default;

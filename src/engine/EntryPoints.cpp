@@ -8,16 +8,22 @@
 #include <ZqXmlLib9/engine/FormatString.h>
 #include <ZqXmlLib9/engine/Text.h>
 #include <ZqXmlLib9/engine/XmlObjectBase.h>
+#include <ZqXmlLib9/fastinfoset/ZqZip.h>
+#include <ZqXmlLib9/xml/FileBinaryStream.h>
+#include <ZqXmlLib9/xml/FileTextStream.h>
 #include <ZqXmlLib9/xml/TextStream.h>
 #include <ZqXmlLib9/xml/XmlDocument.h>
 #include <ZqXmlLib9/xml/XmlElement.h>
 #include <ZqXmlLib9/xml/XmlTextWriter.h>
 
+#include <atomic>
 #include <utility>
 #include <vector>
 
 namespace ZqXmlLib9 {
 namespace {
+
+std::atomic<bool> g_asyncToXmlFile{false};
 
 [[noreturn]] void ThrowNotInThisVersion(const char16_t* operation)
 {
@@ -52,10 +58,27 @@ void RequireDepth(const CXmlElement* element, const CXmlSerializationContext& co
 
 }  // namespace
 
-void CXmlObjectBase::ToXmlFile(const char16_t*, bool, bool, XmlEncoding, EOLType,
-                               const CXmlSerializationContext&, CompressionType) const
+void CXmlObjectBase::ToXmlFile(const char16_t* fileName, bool writeHeader, bool format,
+                               XmlEncoding encoding, EOLType eol,
+                               const CXmlSerializationContext& context,
+                               CompressionType compression) const
 {
-    ThrowNotInThisVersion(u"ToXmlFile");
+    if (compression == CompressionType_ZLIB)
+        throw CZqException(u"ZLIB Compression only available for To Stream methods.");
+    if (compression == CompressionType_None && g_asyncToXmlFile.load(std::memory_order_relaxed)) {
+        CFileTextStream stream(fileName, encoding);
+        WriteDocument(stream, writeHeader, format, eol, context);
+    }
+    else {
+        CFileBinaryStream(fileName, encoding,
+                          ToXmlStream(writeHeader, format, encoding, eol, context, compression))
+            .WriteToFile();
+    }
+}
+
+void AsyncToXmlFile(bool async) noexcept
+{
+    g_asyncToXmlFile.store(async, std::memory_order_relaxed);
 }
 
 void CXmlObjectBase::ToFastInfosetFile(const char16_t*, FInfoDecl, const CXmlSerializationContext&,
@@ -67,8 +90,16 @@ void CXmlObjectBase::ToFastInfosetFile(const char16_t*, FInfoDecl, const CXmlSer
 std::u16string CXmlObjectBase::ToXml(bool writeHeader, bool format, EOLType eol,
                                      const CXmlSerializationContext& context) const
 {
-    PassVersionGate();
     CTextStream stream(XmlEncoding_None);
+    WriteDocument(stream, writeHeader, format, eol, context);
+    const std::size_t length = stream.GetPendingLength();
+    return std::u16string(stream.GetText(), length);
+}
+
+void CXmlObjectBase::WriteDocument(CTextStream& stream, bool writeHeader, bool format, EOLType eol,
+                                   const CXmlSerializationContext& context) const
+{
+    PassVersionGate();
     CXmlTextWriter writer(&stream);
     writer.SetMaxDepth(context.GetMaxDepth());
     writer.Open();
@@ -78,14 +109,17 @@ std::u16string CXmlObjectBase::ToXml(bool writeHeader, bool format, EOLType eol,
         writer.WriteXmlDeclaration();
     ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
     writer.Close();
-    const std::size_t length = stream.GetPendingLength();
-    return std::u16string(stream.GetText(), length);
 }
 
-CBinaryData CXmlObjectBase::ToXmlStream(bool, bool, XmlEncoding, EOLType,
-                                        const CXmlSerializationContext&, CompressionType) const
+CBinaryData CXmlObjectBase::ToXmlStream(bool writeHeader, bool format, XmlEncoding encoding,
+                                        EOLType eol, const CXmlSerializationContext& context,
+                                        CompressionType compression) const
 {
-    ThrowNotInThisVersion(u"ToXmlStream");
+    CTextStream stream(encoding);
+    WriteDocument(stream, writeHeader, format, eol, context);
+    CBinaryData data = stream.GetEncodedData();
+    CZqZip::Compress(data, compression);
+    return data;
 }
 
 CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl, const CXmlSerializationContext&,

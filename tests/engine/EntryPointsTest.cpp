@@ -2,7 +2,6 @@
 
 #include "model/Letter.h"
 #include "support/Print.h"
-#include "support/TempFile.h"
 
 #include <gtest/gtest.h>
 
@@ -95,15 +94,6 @@ INSTANTIATE_TEST_SUITE_P(
               [](CLetter& l, const std::u16string& x) {
                   const std::string utf8 = ToUtf8(x);
                   l.FromXmlStream(std::as_bytes(std::span(utf8)));
-              }},
-        SRoad{"BinaryData",
-              [](CLetter& l, const std::u16string& x) {
-                  const CBinaryData utf16((u"\xFEFF" + x).c_str());
-                  l.FromXmlStream(utf16);
-              }},
-        SRoad{"File",
-              [](CLetter& l, const std::u16string& x) {
-                  l.FromXmlFile(CTempFile(ToUtf8(x)).GetName().c_str());
               }},
         SRoad{"Element",
               [](CLetter& l, const std::u16string& x) {

@@ -46,12 +46,26 @@ TEST(Mismatch, ShowsAtTheFirstObjectAndFailsAtEveryEntryPoint)
         [&] { letter->FromXmlStream(&octet, 1u); },
         [&] { letter->FromXmlStream(CBinaryData()); },
         [&] { letter->FromXmlElement(element); },
+        [&] { letter->ToXmlStream(); },
+        [&] { letter->ToXmlFile(u"/missing/a"); },
+        [&] { CSmartPtr<CElement>(new CElement(letter.Get(), u"")); },
+        [&] {
+            AsyncToXmlFile(true);
+            letter->ToXmlFile(u"/missing/a");
+        },
     };
     for (const auto& entryPoint : entryPoints) {
         g_shown.clear();
         EXPECT_EQ(MessageOf(entryPoint), wrong);
         EXPECT_EQ(g_shown, box);
     }
+
+    const CXmlSerializationContext context;
+    EXPECT_EQ(MessageOf([&] {
+                  letter->ToXmlFile(u"/missing/a", true, true, XmlEncoding_UTF8, EOLType_LF,
+                                    context, CompressionType_ZLIB);
+              }),
+              "ZLIB Compression only available for To Stream methods.");
 
     if (g_registered != "0.0") {
         Register(9, 0);

@@ -42,6 +42,13 @@ public:
     ///         Name must have a value" and its like for a null
     CElement(const char16_t* name, const char16_t* ns, const char16_t* restriction,
              const char16_t* targetNamespace);
+    /// An open copy of an object, under the restriction `##any`, by way of its document.
+    /// \param defaultNamespace  of that document, and of the copy where it is written as text; null
+    ///                          for none
+    /// \throws CZqInvalidParamException  the object is null
+    /// \throws CZqException              as `CXmlObjectBase::ToXmlStream` and
+    ///         `CXmlDocument::LoadXmlStream`
+    CElement(const CXmlObjectBase* object, const char16_t* defaultNamespace);
     CElement(const CElement&) = delete;
     CElement& operator=(const CElement&) = delete;
 

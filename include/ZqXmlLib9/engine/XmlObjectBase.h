@@ -25,6 +25,7 @@ class CElementInfo;
 namespace ZqXmlLib9 {
 
 class CElement;
+class CTextStream;
 class CXmlCollectionBase;
 class CXmlElement;
 class CXmlWriter;
@@ -32,6 +33,10 @@ class CXmlWriter;
 /// An argument that C++ would turn into a `bool` though it was meant for another parameter.
 template <typename T>
 concept MistakenForBool = std::is_enum_v<T> || std::is_pointer_v<std::decay_t<T>>;
+
+/// Makes `ToXmlFile` write what it doesn't compress while the text grows, so that the document is
+/// never in memory as a whole. Off at first; process-wide.
+ZQXMLLIB9_API void AsyncToXmlFile(bool async) noexcept;
 
 /// A reference-counted object of the model, with the entry points of the library.
 ///
@@ -51,6 +56,13 @@ public:
     /// The object itself, as its base class.
     virtual CXmlObjectBase* GetBase() = 0;
 
+    /// Writes the object to a file, which is replaced if it is there; a failure may leave a part of
+    /// it. A file of UTF-16 begins with the mark FF FE. Where it is compressed, that mark stands in
+    /// front of the gzip octets: this library skips it, other tools don't.
+    /// \throws CZqException  "ZLIB Compression only available for To Stream methods.", before
+    ///         anything else; "Failed to write data to the file [%s] error [0x%08X]", or with
+    ///         `AsyncToXmlFile` "Failed to write data to the file. Error [0x%08X]", with errno;
+    ///         else as `ToXmlStream`
     virtual void ToXmlFile(
         const char16_t* fileName, bool writeHeader = true, bool format = true,
         XmlEncoding encoding = XmlEncoding_UTF8, EOLType eol = EOLType_LF,
@@ -72,6 +84,12 @@ public:
                                  const CXmlSerializationContext& context =
                                      CXmlSerializationContext::GetDefaultContext()) const;
 
+    /// Writes the object as a document in octets, which have no mark.
+    /// \param compression  the compressed form has to fit into the length of the document, so that
+    ///                     a short one fails
+    /// \throws CZqException  as `ToXml`; "Unknown Encoding, select UTF-8 (contact support ...",
+    ///         where the encoding is none or unknown; "Failed to compress data. [Error Code: %d]"
+    /// \throws CZqInvalidValueException  half a surrogate pair in text that has to be UTF-8
     virtual CBinaryData ToXmlStream(
         bool writeHeader = true, bool format = true, XmlEncoding encoding = XmlEncoding_UTF8,
         EOLType eol = EOLType_LF,
@@ -300,6 +318,9 @@ private:
 
     void DestroyOrQueue() const noexcept;
 
+    /// An entry point that writes text, from the gate on.
+    void WriteDocument(CTextStream& stream, bool writeHeader, bool format, EOLType eol,
+                       const CXmlSerializationContext& context) const;
     /// An entry point that reads, from the gate on.
     template <typename TLoad>
     void ReadDocument(const CXmlSerializationContext& context, TLoad&& load);
