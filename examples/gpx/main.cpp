@@ -6,6 +6,7 @@
 // GPX 1.1.
 
 #include "Gpx.h"
+#include "Sizes.h"
 
 #include <array>
 #include <cmath>
@@ -182,7 +183,8 @@ void Run(const char* path)
     again->FromXml(text.c_str(), context);
     if (Summarise(*again) != summary || write(*again) != text)
         throw CZqException(u"What was read again differs from what was read first");
-    std::cout << "Read again: both agree.\n";
+    std::cout << "Read again: both agree.\n\n";
+    Gpx::PrintSizes(*gpx, context);
 }
 
 }  // namespace
