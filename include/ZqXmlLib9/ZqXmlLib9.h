@@ -31,6 +31,10 @@
 #include <ZqXmlLib9/engine/XmlObjectBase.h>
 #include <ZqXmlLib9/engine/XmlSerializationContext.h>
 #include <ZqXmlLib9/engine/ZqVariant.h>
+#include <ZqXmlLib9/fastinfoset/FIVocabulary.h>
+#include <ZqXmlLib9/fastinfoset/FastInfosetBinaryData.h>
+#include <ZqXmlLib9/fastinfoset/FastInfosetContext.h>
+#include <ZqXmlLib9/fastinfoset/FastInfosetWriter.h>
 #include <ZqXmlLib9/fastinfoset/ZqZip.h>
 #include <ZqXmlLib9/metadata/AttributeInfo.h>
 #include <ZqXmlLib9/metadata/AttributeInfoAny.h>

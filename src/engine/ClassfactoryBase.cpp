@@ -1,4 +1,4 @@
-#include "../xml/XmlNames.h"
+#include "XmlNames.h"
 
 #include <ZqXmlLib9/engine/ClassfactoryBase.h>
 #include <ZqXmlLib9/xml/XmlDocument.h>

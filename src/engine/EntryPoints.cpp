@@ -8,7 +8,9 @@
 #include <ZqXmlLib9/engine/FormatString.h>
 #include <ZqXmlLib9/engine/Text.h>
 #include <ZqXmlLib9/engine/XmlObjectBase.h>
+#include <ZqXmlLib9/fastinfoset/FastInfosetWriter.h>
 #include <ZqXmlLib9/fastinfoset/ZqZip.h>
+#include <ZqXmlLib9/xml/BinaryStream.h>
 #include <ZqXmlLib9/xml/FileBinaryStream.h>
 #include <ZqXmlLib9/xml/FileTextStream.h>
 #include <ZqXmlLib9/xml/TextStream.h>
@@ -25,10 +27,11 @@ namespace {
 
 std::atomic<bool> g_asyncToXmlFile{false};
 
-[[noreturn]] void ThrowNotInThisVersion(const char16_t* operation)
+/// A file has no room to say that it is compressed in this way.
+void RefuseZlib(CompressionType compression)
 {
-    throw CZqException(
-        FormatString(u"%s is not available in this version of the library", operation));
+    if (compression == CompressionType_ZLIB)
+        throw CZqException(u"ZLIB Compression only available for To Stream methods.");
 }
 
 void RequireElement(const void* element)
@@ -63,8 +66,7 @@ void CXmlObjectBase::ToXmlFile(const char16_t* fileName, bool writeHeader, bool 
                                const CXmlSerializationContext& context,
                                CompressionType compression) const
 {
-    if (compression == CompressionType_ZLIB)
-        throw CZqException(u"ZLIB Compression only available for To Stream methods.");
+    RefuseZlib(compression);
     if (compression == CompressionType_None && g_asyncToXmlFile.load(std::memory_order_relaxed)) {
         CFileTextStream stream(fileName, encoding);
         WriteDocument(stream, writeHeader, format, eol, context);
@@ -81,10 +83,14 @@ void AsyncToXmlFile(bool async) noexcept
     g_asyncToXmlFile.store(async, std::memory_order_relaxed);
 }
 
-void CXmlObjectBase::ToFastInfosetFile(const char16_t*, FInfoDecl, const CXmlSerializationContext&,
-                                       CompressionType) const
+void CXmlObjectBase::ToFastInfosetFile(const char16_t* fileName, FInfoDecl declaration,
+                                       const CXmlSerializationContext& context,
+                                       CompressionType compression) const
 {
-    ThrowNotInThisVersion(u"ToFastInfosetFile");
+    RefuseZlib(compression);
+    CFileBinaryStream(fileName, XmlEncoding_None,
+                      ToFastInfosetStream(declaration, context, compression))
+        .WriteToFile();
 }
 
 std::u16string CXmlObjectBase::ToXml(bool writeHeader, bool format, EOLType eol,
@@ -122,10 +128,22 @@ CBinaryData CXmlObjectBase::ToXmlStream(bool writeHeader, bool format, XmlEncodi
     return data;
 }
 
-CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl, const CXmlSerializationContext&,
-                                                CompressionType) const
+CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration,
+                                                const CXmlSerializationContext& context,
+                                                CompressionType compression) const
 {
-    ThrowNotInThisVersion(u"ToFastInfosetStream");
+    PassVersionGate();
+    CBinaryStream stream;
+    CFastInfosetWriter writer(&context.GetFIContext(), &stream);
+    writer.SetMaxDepth(context.GetMaxDepth());
+    writer.Open();
+    writer.WriteDocumentHeader(declaration);
+    ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
+    writer.WriteDocumentEnd();
+    writer.Close();
+    CBinaryData data = stream.GetData();
+    CZqZip::Compress(data, compression);
+    return data;
 }
 
 template <typename TLoad>
@@ -193,6 +211,8 @@ void CXmlObjectBase::FromXmlElement(const CXmlElement* element,
 /// An open element takes the root itself, every other object what is in it.
 void CXmlObjectBase::ReadRoot(CXmlElement* root, const CXmlSerializationContext& context)
 {
+    if (root == nullptr)
+        throw CZqException(u"Invalid or empty XML document");
     const bool isOpen = dynamic_cast<CElement*>(this) != nullptr;
     FromXml_Int(root, isOpen ? root : root->GetFirstElement(), context, false);
 }

@@ -6,6 +6,7 @@
 
 #include "ExpatReader.h"
 
+#include "../fastinfoset/FastInfosetReader.h"
 #include "../platform/File.h"
 
 #include <ZqXmlLib9/engine/Exceptions.h>
@@ -179,7 +180,11 @@ void CXmlDocument::Parse(std::span<const std::byte> data)
     CBinaryData inflated;
     const bool isCompressed = CZqZip::Decompress(data.subspan(hasMark ? 2 : 0), inflated,
                                                  m_context->GetMaxInflatedSize());
-    ParseText(isCompressed ? ToOctets(inflated.GetData(), inflated.GetLength()) : data);
+    const std::span<const std::byte> document =
+        isCompressed ? ToOctets(inflated.GetData(), inflated.GetLength()) : data;
+    CFastInfosetReader reader(&m_context->GetFIContext(), this);
+    if (!reader.ReadDocument(document))
+        ParseText(document);
 }
 
 void CXmlDocument::ParseText(std::span<const std::byte> data)

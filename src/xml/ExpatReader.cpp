@@ -1,5 +1,5 @@
 #include "ExpatReader.h"
-#include "XmlNames.h"
+#include "../engine/XmlNames.h"
 
 #include "../platform/Ascii.h"
 #include "../platform/TextEncodings.h"

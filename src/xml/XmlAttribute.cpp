@@ -1,4 +1,4 @@
-#include "XmlNames.h"
+#include "../engine/XmlNames.h"
 
 #include <ZqXmlLib9/xml/XmlAttribute.h>
 

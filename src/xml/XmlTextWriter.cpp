@@ -1,4 +1,4 @@
-#include "XmlNames.h"
+#include "../engine/XmlNames.h"
 
 #include <ZqXmlLib9/engine/Exceptions.h>
 #include <ZqXmlLib9/xml/TextStream.h>

@@ -2,7 +2,7 @@
 #include <ZqXmlLib9/engine/FormatString.h>
 #include <ZqXmlLib9/xml/XmlWriter.h>
 
-#include "XmlNames.h"
+#include "../engine/XmlNames.h"
 
 #include <algorithm>
 #include <unordered_set>

@@ -6,6 +6,7 @@
 #include <ZqXmlLib9/engine/Enums.h>
 #include <ZqXmlLib9/engine/NamespaceAliasMap.h>
 #include <ZqXmlLib9/engine/SmartPtr.h>
+#include <ZqXmlLib9/fastinfoset/FastInfosetContext.h>
 #include <ZqXmlLib9/fastinfoset/ZqZip.h>
 
 #include <atomic>
@@ -69,6 +70,10 @@ public:
         m_noOptionalAttributeDefaultOutput = leaveOut;
     }
 
+    /// The settings of Fast Infoset, for reading too.
+    const CFastInfosetContext& GetFIContext() const { return m_fastInfoset; }
+    CFastInfosetContext& GetFIContext() { return m_fastInfoset; }
+
     /// @}
     /// \name Strictness, all false by default
     /// @{
@@ -128,6 +133,11 @@ public:
     /// stands here.
     std::uint64_t GetMaxInflatedSize() const { return m_maxInflatedSize; }
     void SetMaxInflatedSize(std::uint64_t octets) { m_maxInflatedSize = octets; }
+    /// How many times its own size a Fast Infoset document may deliver in text by naming entries of
+    /// its tables, once that text has passed 8 MiB. Default 100: a short document that names a long
+    /// text a million times must not exhaust the memory.
+    int GetMaxAmplification() const { return m_maxAmplification; }
+    void SetMaxAmplification(int times) { m_maxAmplification = times; }
 
     /// @}
 
@@ -154,9 +164,11 @@ private:
     mutable CRootAttributes m_rootAttributes;
     std::vector<std::u16string> m_processingInstructions;
     std::u16string m_inLineSchema;
+    CFastInfosetContext m_fastInfoset;
     SchemaType m_schemaType = SchemaType_Default;
     std::int32_t m_maxDepth = 1024;
     std::uint64_t m_maxInflatedSize = CZqZip::kMaxInflatedSize;
+    std::int32_t m_maxAmplification = 100;
     bool m_writeTypeAttribute = true;
     bool m_ignoreInvalidCollectionCounts = false;
     bool m_ignoreMissingChoice = false;

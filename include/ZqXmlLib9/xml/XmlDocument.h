@@ -104,6 +104,7 @@ public:
 
 private:
     friend class CExpatReader;
+    friend class CFastInfosetReader;
 
     using AliasTable = std::map<std::u16string, std::u16string, std::less<>>;
 
