@@ -62,6 +62,8 @@ public:
         return std::move(m_text);
     }
 
+    bool HasUsedAll() const { return m_next == m_end; }
+
 private:
     const CFormatArgument::Value& NextArgument()
     {
@@ -375,6 +377,16 @@ std::u16string FormatStringList(const char16_t* format,
                                 std::initializer_list<CFormatArgument> arguments)
 {
     return CFormatter(TextOrEmpty(format), arguments).Run();
+}
+
+std::u16string FormatNumber(const char16_t* format, double value)
+{
+    const std::initializer_list<CFormatArgument> arguments{value};
+    CFormatter formatter(TextOrEmpty(format), arguments);
+    std::u16string text = formatter.Run();
+    if (!formatter.HasUsedAll())
+        Fail(u"it doesn't print the number");
+    return text;
 }
 
 }  // namespace ZqXmlLib9

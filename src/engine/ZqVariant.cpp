@@ -121,9 +121,10 @@ void ZqVariant::Set(ItemType type, TValue value)
 template <typename TValue>
 const TValue& ZqVariant::Get() const
 {
-    static const TValue kNothing{};
+    // Never destroyed, since destructors of static objects may still read values.
+    static const TValue& nothing = *new TValue{};
     if (!IsValid())
-        return kNothing;
+        return nothing;
     const TValue* const value = std::get_if<TValue>(&m_payload);
     if (value == nullptr)
         throw CZqInvalidStateException(

@@ -40,11 +40,9 @@ bool IsLarge(std::string_view number)
     const bool isNegative = number[mark + 1] == '-';
     std::string_view power = number.substr(mark + 1);
     power.remove_prefix(isNegative || power.front() == '+' ? 1 : 0);
-    std::int64_t exponent = 0;
-    const auto read = std::from_chars(power.data(), power.data() + power.size(), exponent);
-    if (read.ec == std::errc::result_out_of_range)
-        return !isNegative;
-    return place + (isNegative ? -exponent : exponent) > 0;
+    std::int64_t exponent = std::numeric_limits<std::int64_t>::max();  // stays, if out of range
+    std::from_chars(power.data(), power.data() + power.size(), exponent);
+    return isNegative ? place > exponent : place > -exponent;
 }
 
 }  // namespace

@@ -71,10 +71,11 @@ CBigInteger::CBigInteger(bool isNegative, std::uint64_t magnitude)
     : CBigInteger(isNegative ? -1 : 1, DigitsOf(magnitude))
 {}
 
-CBigInteger::CBigInteger(double value) : m_sign(value < 0 ? -1 : 1)
+void CBigInteger::SetDouble(double value)
 {
     if (std::isinf(value))
         throw CZqInvalidValueException(u"ERROR: An infinite double is no integer.");
+    m_sign = value < 0 ? -1 : 1;
     BuildDouble(std::fabs(value), m_digits);
 }
 

@@ -108,7 +108,7 @@ std::u16string PrintFloat(TFloat value, const char16_t* format, int digits)
     if (std::isinf(value))
         return value < 0 ? u"-INF" : u"INF";
     if (format != nullptr)
-        return FormatString(format, value);
+        return FormatNumber(format, value);
     return Print(static_cast<double>(value), std::chars_format::general, digits);
 }
 

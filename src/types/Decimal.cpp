@@ -199,18 +199,18 @@ void CDecimal::Parse(std::u16string_view text)
     m_unscaled = CBigInteger(parts.isNegative ? -1 : 1, std::move(digits));
     m_places = places;
     if (!parts.exponent.empty()) {
-        const std::int64_t exponent = ReadExponent(parts.exponent);
-        if (!Scale(parts.isExponentNegative ? -exponent : exponent))
+        if (!Scale(ReadExponent(parts.exponent), parts.isExponentNegative))
             scanner.Fail(parts.exponentMark);
+        CleanAndCap();
     }
     CleanAndCap();
 }
 
-bool CDecimal::Scale(std::int64_t exponent)
+bool CDecimal::Scale(std::int64_t exponent, bool isNegative)
 {
     Digits& digits = m_unscaled.m_digits;
-    if (exponent < 0) {
-        const std::int64_t places = m_places - exponent;
+    if (isNegative) {
+        const std::int64_t places = m_places + exponent;
         const std::int64_t kept =
             std::min<std::int64_t>(places, GetMaxDecimalPlaces() + kGuardPlaces);
         RemoveDigits(ToCount(places - kept));

@@ -23,7 +23,8 @@ namespace {
 /// takes a second or less.
 constexpr std::uint32_t kMatchLimit = 10'000'000;
 
-/// What a match may hold of the heap, in KiB, for a value of a million characters and no more.
+/// What a match may hold of the heap, in KiB. It grows with the groups of the pattern and the length
+/// of the value: a repeated group takes some hundred thousand characters.
 constexpr std::uint32_t kHeapLimit = 256 * 1024;
 
 /// More than a schema has; a program with more compiles some again.
@@ -99,30 +100,39 @@ class CPattern {
 public:
     explicit CPattern(std::u16string_view pattern)
         : m_code(Compile(Translate(ToUtf8(pattern)))),
-          m_data(Own(pcre2_match_data_create_from_pattern(m_code.get(), nullptr))),
           m_limits(Own(pcre2_match_context_create(nullptr)))
     {
         pcre2_set_match_limit(m_limits.get(), kMatchLimit);
         pcre2_set_heap_limit(m_limits.get(), kHeapLimit);
     }
 
-    bool Matches(const std::string& value)
+    bool Matches(const std::string& value) const
     {
+        // It isn't kept: it would keep the memory of the longest match too.
+        const auto data = Own(pcre2_match_data_create_from_pattern(m_code.get(), nullptr));
         const int result = pcre2_match(m_code.get(), ToUnits(value), value.size(), 0,
-                                       PCRE2_ANCHORED, m_data.get(), m_limits.get());
-        const PCRE2_SIZE* const match = pcre2_get_ovector_pointer(m_data.get());
+                                       PCRE2_ANCHORED, data.get(), m_limits.get());
+        const PCRE2_SIZE* const match = pcre2_get_ovector_pointer(data.get());
         return result > 0 && match[0] == 0 && match[1] == value.size();
     }
 
 private:
     Owned<pcre2_code> m_code;
-    Owned<pcre2_match_data> m_data;
     Owned<pcre2_match_context> m_limits;
 };
 
-CPattern& GetPattern(std::u16string_view pattern)
+/// Destructors of static objects may still test values when the store of their thread is gone.
+thread_local bool t_isStoreGone = false;
+
+struct SStore {
+    std::map<std::u16string, CPattern, std::less<>> patterns;
+    ~SStore() { t_isStoreGone = true; }
+};
+
+const CPattern& GetPattern(std::u16string_view pattern)
 {
-    thread_local std::map<std::u16string, CPattern, std::less<>> kept;
+    thread_local SStore store;
+    auto& kept = store.patterns;
     auto found = kept.find(pattern);
     if (found == kept.end()) {
         CPattern compiled(pattern);
@@ -137,7 +147,8 @@ CPattern& GetPattern(std::u16string_view pattern)
 
 bool MatchPattern(std::u16string_view pattern, std::u16string_view value)
 {
-    return GetPattern(pattern).Matches(ToUtf8(value));
+    const std::string utf8 = ToUtf8(value);
+    return t_isStoreGone ? CPattern(pattern).Matches(utf8) : GetPattern(pattern).Matches(utf8);
 }
 
 }  // namespace ZqXmlLib9

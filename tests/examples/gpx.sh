@@ -41,12 +41,14 @@ contains "the default document" "$output" \
   'fixes:      none 1, 2d 3, 3d 33, dgps 16, pps 0, not given 97' \
   'extensions: 83 elements' \
   'Read again: both agree.'
-for form in UTF-8 UTF-16 'UTF-8, gzip' 'UTF-8, zlib'; do
-  grep -qE "^$form +[0-9]+ octets, read again$" <<< "$output" || fail "no size of $form: $output"
+for form in UTF-8 UTF-16 'UTF-8, gzip' 'UTF-8, zlib' 'Fast Infoset' 'typed Fast Infoset, gzip'; do
+  grep -qE "^$form +[0-9]+ +[0-9.]+ +[0-9.]+$" <<< "$output" || fail "no size of $form: $output"
 done
 
 gzip -9 < "$(dirname "$0")/../../examples/gpx/sample.gpx" > "$directory/sample.gpx.gz"
-[ "$("$program" "$directory/sample.gpx.gz")" = "$output" ] || fail "sample.gpx.gz differs"
+sizeless() { sed '/^form /,$d'; }
+[ "$("$program" "$directory/sample.gpx.gz" | sizeless)" = "$(sizeless <<< "$output")" ] \
+  || fail "sample.gpx.gz differs"
 
 # gpx CONTENT: a document of GPX 1.1.
 gpx() {

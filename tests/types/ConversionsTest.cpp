@@ -62,6 +62,8 @@ const SGood kGood[] = {
     {ItemType_r8, u"-INF", "-INF"},
     {ItemType_r8, u"1E400", "INF"},
     {ItemType_r8, u"-100000E99999999999999999999", "-INF"},
+    {ItemType_r8, u"10e9223372036854775807", "INF"},
+    {ItemType_r8, u"0.00001e-9223372036854775807", "0"},
     {ItemType_r8, u"1e-400", "0"},
     {ItemType_r8, u"-0.0001e-330", "-0"},
     {ItemType_r8, u"4.9e-324", "4.940656458412465e-324"},
@@ -164,7 +166,7 @@ TEST(Conversions, KeepPrintFormatsFromTheLocale)
     EXPECT_EQ(plain, "1.5");
     EXPECT_EQ(U8(CConversions::r8ToString(std::nan(""), u"%5.1f")), "NaN");
     EXPECT_EQ(U8(CConversions::r4ToString(1e30f, u"%.100f")).size(), 132U);
-    for (const char16_t* format : {u"%n", u"%s", u"%d", u"%.3f %f"})
+    for (const char16_t* format : {u"%n", u"%s", u"%d", u"%.3f %f", u"abc", u""})
         EXPECT_THROW(CConversions::r8ToString(1, format), CZqInvalidParamException);
 }
 

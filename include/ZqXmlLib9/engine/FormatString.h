@@ -73,6 +73,10 @@ private:
 ZQXMLLIB9_API std::u16string FormatStringList(const char16_t* format,
                                               std::initializer_list<CFormatArgument> arguments);
 
+/// `FormatString` of one number.
+/// \throws CZqInvalidParamException  as below, and if the format prints no argument
+ZQXMLLIB9_API std::u16string FormatNumber(const char16_t* format, double value);
+
 /// Formats in the manner of printf, whatever the locale; the result is never truncated.
 ///
 /// | conversion        | argument                                                            |

@@ -5,6 +5,7 @@
 #include <ZqXmlLib9/Export.h>
 #include <ZqXmlLib9/types/MachineInteger.h>
 
+#include <concepts>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -54,7 +55,11 @@ public:
     /// The nearest integer, halves down; its digits are those that division by 10 in double
     /// arithmetic gives. A NaN is 0.
     /// \throws CZqInvalidValueException  "ERROR: An infinite double is no integer."
-    explicit CBigInteger(double value);
+    template <std::floating_point TFloat>
+    explicit CBigInteger(TFloat value)
+    {
+        SetDouble(static_cast<double>(value));
+    }
 
     /// \throws CZqInvalidValueException  as `Parse`
     explicit CBigInteger(const char16_t* text);
@@ -187,6 +192,7 @@ private:
     friend class CDecimal;
 
     CBigInteger(bool isNegative, std::uint64_t magnitude);
+    void SetDouble(double value);
 
     bool IsZero() const noexcept;
     void AddSigned(std::int32_t sign, const Digits& digits);

@@ -67,6 +67,16 @@ public:
     /// copy of this object.
     /// \throws CZqException  "Index Out of range [%d]"
     unsigned char& operator[](std::uint32_t index);
+    template <UncheckedLength TIndex>
+    const unsigned char& operator[](TIndex index) const
+    {
+        return (*this)[ToIndex32(index)];
+    }
+    template <UncheckedLength TIndex>
+    unsigned char& operator[](TIndex index)
+    {
+        return (*this)[ToIndex32(index)];
+    }
 
     /// The octets, null without a buffer; good until the next change.
     const unsigned char* GetData() const noexcept;
@@ -140,6 +150,13 @@ protected:
 
 private:
     class CBinaryDataBuffer;
+
+    /// What 32 bits can't hold is beyond every length.
+    template <UncheckedLength TIndex>
+    static std::uint32_t ToIndex32(TIndex index) noexcept
+    {
+        return std::in_range<std::uint32_t>(index) ? static_cast<std::uint32_t>(index) : UINT32_MAX;
+    }
 
     void Adopt(unsigned char* data, std::uint32_t length);
     CBinaryDataBuffer* MakeUnique();

@@ -31,6 +31,7 @@ namespace ZqXmlLib9 {
 /// \throws CZqException  "Invalid Value for %s [%s]" or [%d] or [%f], with the value; and before a
 ///         line feed and that, "Invalid Regular Expression: %s Error: '%s'" for a bad pattern
 /// \throws CZqInvalidValueException  what the conversion of the type throws for a bound's text
+/// \throws CZqInvalidStateException  the same for a bound of a day, month or year that has none
 template <ItemType type>
 void CheckValue(const char16_t* name, const ValueOf<type>& value,
                 const CPrimitiveRestrictions& restrictions);

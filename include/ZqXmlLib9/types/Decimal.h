@@ -150,9 +150,9 @@ private:
     static CDecimal FromDouble(double value);
     void Parse(std::u16string_view text);
 
-    /// Times a power of ten.
+    /// Times a power of ten, or divided by it and cut as a quotient is.
     /// \return false if the value would have too many digits; it is then unchanged
-    bool Scale(std::int64_t exponent);
+    bool Scale(std::int64_t exponent, bool isNegative);
     void ChangeFractionalDivider(std::int32_t places);
     /// Removes the zeros at the end.
     void Rationalise();
