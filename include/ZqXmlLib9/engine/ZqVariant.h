@@ -16,6 +16,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <variant>
 
 namespace ZqXmlLib9 {
@@ -52,64 +53,76 @@ public:
     /// \throws CZqInvalidStateException  "The value has the type %d, which is not the one asked
     ///         for", from a getter
     /// @{
-    void SetHexBinary(const CBinaryData& value);
-    const CBinaryData& GetHexBinary() const;
-    void SetBase64Binary(const CBinaryData& value);
-    const CBinaryData& GetBase64Binary() const;
-    void SetI1(std::int8_t value);
-    std::int8_t GetI1() const;
-    void SetI2(std::int16_t value);
-    std::int16_t GetI2() const;
-    void SetI4(std::int32_t value);
-    std::int32_t GetI4() const;
-    void SetI8(std::int64_t value);
-    std::int64_t GetI8() const;
-    void SetUI1(std::uint8_t value);
-    std::uint8_t GetUI1() const;
-    void SetUI2(std::uint16_t value);
-    std::uint16_t GetUI2() const;
-    void SetUI4(std::uint32_t value);
-    std::uint32_t GetUI4() const;
-    void SetUI8(std::uint64_t value);
-    std::uint64_t GetUI8() const;
-    void SetR4(float value);
-    float GetR4() const;
-    void SetR8(double value);
-    double GetR8() const;
-    void SetDuration(const CDateTimeSpan& value);
-    const CDateTimeSpan& GetDuration() const;
-    void SetYearMonth(const CDateTime& value);
-    const CDateTime& GetYearMonth() const;
-    void SetMonthDay(const CDateTime& value);
-    const CDateTime& GetMonthDay() const;
-    void SetYear(std::uint16_t value);
-    std::uint16_t GetYear() const;
-    void SetMonth(std::uint8_t value);
-    std::uint8_t GetMonth() const;
-    void SetDay(std::uint8_t value);
-    std::uint8_t GetDay() const;
-    void SetDate(const CDateTime& value);
-    const CDateTime& GetDate() const;
-    void SetDateTime(const CDateTime& value);
-    const CDateTime& GetDateTime() const;
-    void SetTime(const CDateTime& value);
-    const CDateTime& GetTime() const;
-    void SetChar(char16_t value);
-    char16_t GetChar() const;
-    void SetString(std::u16string value);
-    const std::u16string& GetString() const;
-    void SetBoolean(bool value);
-    bool GetBoolean() const;
-    void SetDecimal(const CDecimal& value);
-    const CDecimal& GetDecimal() const;
-    void SetInteger(const CBigInteger& value);
-    const CBigInteger& GetInteger() const;
+    void SetHexBinary(const CBinaryData& value) { Set<CBinaryData>(ItemType_hexBinary, value); }
+    const CBinaryData& GetHexBinary() const { return Get<CBinaryData>(); }
+    void SetBase64Binary(const CBinaryData& value)
+    {
+        Set<CBinaryData>(ItemType_base64Binary, value);
+    }
+    const CBinaryData& GetBase64Binary() const { return Get<CBinaryData>(); }
+    void SetI1(std::int8_t value) { Set<std::int8_t>(ItemType_i1, value); }
+    std::int8_t GetI1() const { return Get<std::int8_t>(); }
+    void SetI2(std::int16_t value) { Set<std::int16_t>(ItemType_i2, value); }
+    std::int16_t GetI2() const { return Get<std::int16_t>(); }
+    void SetI4(std::int32_t value) { Set<std::int32_t>(ItemType_i4, value); }
+    std::int32_t GetI4() const { return Get<std::int32_t>(); }
+    void SetI8(std::int64_t value) { Set<std::int64_t>(ItemType_i8, value); }
+    std::int64_t GetI8() const { return Get<std::int64_t>(); }
+    void SetUI1(std::uint8_t value) { Set<std::uint8_t>(ItemType_ui1, value); }
+    std::uint8_t GetUI1() const { return Get<std::uint8_t>(); }
+    void SetUI2(std::uint16_t value) { Set<std::uint16_t>(ItemType_ui2, value); }
+    std::uint16_t GetUI2() const { return Get<std::uint16_t>(); }
+    void SetUI4(std::uint32_t value) { Set<std::uint32_t>(ItemType_ui4, value); }
+    std::uint32_t GetUI4() const { return Get<std::uint32_t>(); }
+    void SetUI8(std::uint64_t value) { Set<std::uint64_t>(ItemType_ui8, value); }
+    std::uint64_t GetUI8() const { return Get<std::uint64_t>(); }
+    void SetR4(float value) { Set<float>(ItemType_r4, value); }
+    float GetR4() const { return Get<float>(); }
+    void SetR8(double value) { Set<double>(ItemType_r8, value); }
+    double GetR8() const { return Get<double>(); }
+    void SetDuration(const CDateTimeSpan& value) { Set<CDateTimeSpan>(ItemType_duration, value); }
+    const CDateTimeSpan& GetDuration() const { return Get<CDateTimeSpan>(); }
+    void SetYearMonth(const CDateTime& value) { Set<CDateTime>(ItemType_yearMonth, value); }
+    const CDateTime& GetYearMonth() const { return Get<CDateTime>(); }
+    void SetMonthDay(const CDateTime& value) { Set<CDateTime>(ItemType_monthDay, value); }
+    const CDateTime& GetMonthDay() const { return Get<CDateTime>(); }
+    void SetYear(std::uint16_t value) { Set<std::uint16_t>(ItemType_year, value); }
+    std::uint16_t GetYear() const { return Get<std::uint16_t>(); }
+    void SetMonth(std::uint8_t value) { Set<std::uint8_t>(ItemType_month, value); }
+    std::uint8_t GetMonth() const { return Get<std::uint8_t>(); }
+    void SetDay(std::uint8_t value) { Set<std::uint8_t>(ItemType_day, value); }
+    std::uint8_t GetDay() const { return Get<std::uint8_t>(); }
+    void SetDate(const CDateTime& value) { Set<CDateTime>(ItemType_date, value); }
+    const CDateTime& GetDate() const { return Get<CDateTime>(); }
+    void SetDateTime(const CDateTime& value) { Set<CDateTime>(ItemType_datetime, value); }
+    const CDateTime& GetDateTime() const { return Get<CDateTime>(); }
+    void SetTime(const CDateTime& value) { Set<CDateTime>(ItemType_time, value); }
+    const CDateTime& GetTime() const { return Get<CDateTime>(); }
+    void SetChar(char16_t value) { Set<char16_t>(ItemType_char, value); }
+    char16_t GetChar() const { return Get<char16_t>(); }
+    void SetString(std::u16string value) { Set<std::u16string>(ItemType_string, std::move(value)); }
+    const std::u16string& GetString() const { return Get<std::u16string>(); }
+    void SetBoolean(bool value) { Set<bool>(ItemType_boolean, value); }
+    bool GetBoolean() const { return Get<bool>(); }
+    void SetDecimal(const CDecimal& value) { Set<CDecimal>(ItemType_decimal, value); }
+    const CDecimal& GetDecimal() const { return Get<CDecimal>(); }
+    void SetInteger(const CBigInteger& value) { Set<CBigInteger>(ItemType_integer, value); }
+    const CBigInteger& GetInteger() const { return Get<CBigInteger>(); }
     /// \param object  may be null
-    void SetXmlObject(CXmlObjectBase* object);
-    CSmartPtr<CXmlObjectBase> GetXmlObject() const;
+    void SetXmlObject(CXmlObjectBase* object)
+    {
+        Set<CSmartPtr<CXmlObjectBase>>(ItemType_xmlObject, object);
+    }
+    CSmartPtr<CXmlObjectBase> GetXmlObject() const { return Get<CSmartPtr<CXmlObjectBase>>(); }
     /// \param collection  may be null
-    void SetXmlCollection(CXmlCollectionBase* collection);
-    CSmartPtr<CXmlCollectionBase> GetXmlCollection() const;
+    void SetXmlCollection(CXmlCollectionBase* collection)
+    {
+        Set<CSmartPtr<CXmlCollectionBase>>(ItemType_xmlCollection, collection);
+    }
+    CSmartPtr<CXmlCollectionBase> GetXmlCollection() const
+    {
+        return Get<CSmartPtr<CXmlCollectionBase>>();
+    }
     /// @}
 
     /// The value as XML text.
@@ -136,9 +149,26 @@ private:
     static const SKind* FindKind(ItemType type);
 
     template <typename TValue>
-    void Set(ItemType type, TValue value);
+    void Set(ItemType type, TValue value)
+    {
+        m_payload.emplace<TValue>(std::move(value));
+        m_type = type;
+    }
+
     template <typename TValue>
-    const TValue& Get() const;
+    const TValue& Get() const
+    {
+        // Never destroyed, since destructors of static objects may still read values.
+        static const TValue& nothing = *new TValue{};
+        if (!IsValid())
+            return nothing;
+        const TValue* const value = std::get_if<TValue>(&m_payload);
+        if (value == nullptr)
+            ThrowOtherKind();
+        return *value;
+    }
+
+    [[noreturn]] void ThrowOtherKind() const;
 
     ItemType m_type = ItemType_invalid;
     Payload m_payload;
