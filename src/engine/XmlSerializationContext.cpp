@@ -4,7 +4,14 @@
 
 namespace ZqXmlLib9 {
 
-CXmlSerializationContext CXmlSerializationContext::m_defaultContext;
+// The priority places it before the initialisers of all files that state none.
+[[gnu::init_priority(102)]] CXmlSerializationContext CXmlSerializationContext::m_defaultContext;
+
+// Not inline: a program would have a copy of the object, whose size is the library's affair.
+CXmlSerializationContext& CXmlSerializationContext::GetDefaultContext() noexcept
+{
+    return m_defaultContext;
+}
 
 CXmlSerializationContext::CXmlSerializationContext() = default;
 CXmlSerializationContext::CXmlSerializationContext(const CXmlSerializationContext&) = default;

@@ -217,7 +217,8 @@ TEST(Restrictions, AreTestedOnOutputOnly)
     const CSmartPtr<CCustom> object = new CCustom(type);
     EXPECT_NO_THROW(object->FromXml("<root><a>  long  text </a></root>"));
     EXPECT_EQ(U8((*object)[0].GetString()), "long text");
-    EXPECT_THROW(Write(object), CZqValidationException);
+    EXPECT_EQ(MessageOf<CZqValidationException>([&] { Write(object); }),
+              "Failed to convert the element [root] to XML\nInvalid Value for a [long text]");
 
     const CElementInfoSeqClsCol untyped(u"a", u"", 0, XmlElementType_Element);
     EXPECT_EQ(MessageOf([&] { untyped.CheckRestriction(TextValue(u"any")); }),

@@ -30,7 +30,7 @@ public:
     CXmlSerializationContext& operator=(const CXmlSerializationContext&);
     virtual ~CXmlSerializationContext();
 
-    static CXmlSerializationContext& GetDefaultContext() noexcept { return m_defaultContext; }
+    static CXmlSerializationContext& GetDefaultContext() noexcept;
 
     /// \name Output
     /// @{
