@@ -1,5 +1,5 @@
 /// \file MachineInteger.h
-/// Which machine types the numbers of any size convert from.
+/// Which machine types convert to the numbers of any size and to the fields of dates and durations.
 #pragma once
 
 #include <type_traits>
