@@ -47,29 +47,9 @@ std::optional<SCalendarTime> UtcFromTime(std::int64_t time)
     return Convert(time, gmtime_r);
 }
 
-std::optional<SCalendarTime> LocalFromTime(std::int64_t time)
+SCalendarTime LocalFromTime(std::int64_t time)
 {
-    return Convert(time, localtime_r);
-}
-
-std::optional<std::int64_t> TimeFromUtc(const SCalendarTime& utc)
-{
-    const std::int64_t year = utc.year - kTmYearBase;
-    if (!std::in_range<int>(year))
-        return std::nullopt;
-    tm fields{};
-    fields.tm_year = static_cast<int>(year);
-    fields.tm_mon = utc.month - 1;
-    fields.tm_mday = utc.day;
-    fields.tm_hour = utc.hour;
-    fields.tm_min = utc.minute;
-    fields.tm_sec = utc.second;
-    // The result -1 is a time as well; only a conversion that succeeds finds the day of the week.
-    fields.tm_wday = -1;
-    const time_t time = timegm(&fields);
-    if (fields.tm_wday == -1)
-        return std::nullopt;
-    return time;
+    return Convert(time, localtime_r).value_or(SCalendarTime());
 }
 
 std::optional<SYSTEMTIME> SystemTimeFromFileTime(const FILETIME& fileTime)
@@ -78,19 +58,17 @@ std::optional<SYSTEMTIME> SystemTimeFromFileTime(const FILETIME& fileTime)
         std::uint64_t{fileTime.dwHighDateTime} << 32 | fileTime.dwLowDateTime;
     if (!std::in_range<std::int64_t>(units))
         return std::nullopt;
-    const auto time =
-        UtcFromTime(static_cast<std::int64_t>(units / kFileTimePerSecond) - kFileTimeEpoch);
-    if (!time)
-        return std::nullopt;
-    return ToSystemTime(*time, units % kFileTimePerSecond / kFileTimePerMilliSecond);
+    const auto seconds = static_cast<std::int64_t>(units / kFileTimePerSecond) - kFileTimeEpoch;
+    // Never refused: the last year is 30828.
+    return ToSystemTime(*UtcFromTime(seconds),
+                        units % kFileTimePerSecond / kFileTimePerMilliSecond);
 }
 
 SYSTEMTIME LocalSystemTime()
 {
     timespec now{};
     clock_gettime(CLOCK_REALTIME, &now);
-    return ToSystemTime(LocalFromTime(now.tv_sec).value_or(SCalendarTime()),
-                        now.tv_nsec / 1'000'000);
+    return ToSystemTime(LocalFromTime(now.tv_sec), now.tv_nsec / 1'000'000);
 }
 
 }  // namespace ZqXmlLib9

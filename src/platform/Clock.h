@@ -24,12 +24,9 @@ struct SCalendarTime {
 
 std::optional<SCalendarTime> UtcFromTime(std::int64_t time);
 
-/// In the machine's zone. A program that changes `TZ` calls `tzset` itself.
-std::optional<SCalendarTime> LocalFromTime(std::int64_t time);
-
-/// Reads the fields as UTC. Those beyond their range carry into the next, the day of the week has
-/// no say.
-std::optional<std::int64_t> TimeFromUtc(const SCalendarTime& utc);
+/// In the machine's zone; all fields 0 for a time that it refuses. A program that changes `TZ`
+/// calls `tzset` itself.
+SCalendarTime LocalFromTime(std::int64_t time);
 
 /// In UTC. Moments from 2^63 units on are refused.
 std::optional<SYSTEMTIME> SystemTimeFromFileTime(const FILETIME& fileTime);

@@ -22,34 +22,16 @@ TField Saturate(std::int64_t value)
     return static_cast<TField>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
 }
 
-/// Runs `set` for the constructors that swallow an invalid value.
-/// \return false if it was invalid
+/// Runs `set` for the constructors, which swallow an invalid value.
 template <typename TSet>
-bool Succeeds(TSet&& set)
+void SetOrReset(CDateTime& date, TSet&& set)
 {
     try {
         set();
-        return true;
     }
     catch (const CZqInvalidValueException&) {
-        return false;
+        date = {};
     }
-}
-
-template <typename TValue>
-TValue Given(const std::optional<TValue>& value, const char16_t* failure)
-{
-    if (!value)
-        throw CZqInvalidValueException(failure);
-    return *value;
-}
-
-template <typename TException>
-void RequireType(bool isAllowed, const char16_t* operation, DTType type)
-{
-    if (!isAllowed)
-        throw TException(
-            FormatString(u"Failed to %s. Invalid Date Type: %s.", operation, TypeWord(type)));
 }
 
 bool IsDate(DTType type)
@@ -59,73 +41,52 @@ bool IsDate(DTType type)
 
 }  // namespace
 
-CDateTime::CDateTime() noexcept = default;
-
-CDateTime::CDateTime(DTType type) noexcept : m_type(type) {}
-
-CDateTime::CDateTime(std::int64_t year, std::int64_t month, std::int64_t day)
+CDateTime::CDateTime(CDateNumber year, CDateNumber month, CDateNumber day)
 {
-    if (!Succeeds([&] { SetDate(year, month, day); }))
-        Clear();
+    SetOrReset(*this, [&] { SetDate(year, month, day); });
 }
 
-CDateTime::CDateTime(std::int64_t year, std::int64_t month, std::int64_t day, std::int64_t hour,
-                     std::int64_t minute, std::int64_t second, std::int64_t milli,
-                     std::int64_t micro, std::int64_t nano)
+CDateTime::CDateTime(CDateNumber year, CDateNumber month, CDateNumber day, CDateNumber hour,
+                     CDateNumber minute, CDateNumber second, CDateNumber milli, CDateNumber micro,
+                     CDateNumber nano)
 {
-    if (!Succeeds([&] { SetDateTime(year, month, day, hour, minute, second, milli, micro, nano); }))
-        Clear();
+    SetOrReset(*this,
+               [&] { SetDateTime(year, month, day, hour, minute, second, milli, micro, nano); });
 }
 
 CDateTime::CDateTime(const SYSTEMTIME& time)
 {
-    if (!Succeeds([&] { *this = time; }))
-        Clear();
+    SetOrReset(*this, [&] { *this = time; });
 }
 
 CDateTime::CDateTime(const FILETIME& time)
 {
-    if (!Succeeds([&] { *this = time; }))
-        Clear();
+    SetOrReset(*this, [&] { *this = time; });
 }
 
-void CDateTime::TrySetTime64(std::int64_t time)
+CDateTime::CDateTime(CDateNumber time)
 {
-    if (!Succeeds([&] { SetTime64(time); }))
-        Clear();
-}
-
-CDateTime::CDateTime(const char16_t* text)
-{
-    ParseXSDDateTime(text);
-}
-
-CDateTime::CDateTime(std::u16string_view text)
-{
-    ParseXSDDateTime(text);
+    SetOrReset(*this, [&] { *this = time; });
 }
 
 CDateTime::~CDateTime() = default;
 
-CDateTime& CDateTime::operator=(const SYSTEMTIME& time)
+SYSTEMTIME CDateTime::ToSystemTime(const FILETIME& time)
 {
-    SetDateTime(time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond,
-                time.wMilliseconds);
-    return *this;
+    const std::optional<SYSTEMTIME> record = SystemTimeFromFileTime(time);
+    if (!record)
+        throw CZqInvalidValueException(u"Failed to convert FILETIME to SYSTEMTIME");
+    return *record;
 }
 
-CDateTime& CDateTime::operator=(const FILETIME& time)
-{
-    return *this = Given(SystemTimeFromFileTime(time), u"Failed to convert FILETIME to SYSTEMTIME");
-}
-
-void CDateTime::SetTime64(std::int64_t time)
+CDateTime& CDateTime::operator=(CDateNumber time)
 {
     const std::optional<SCalendarTime> utc = UtcFromTime(time);
     if (!utc)
         throw CZqInvalidValueException(
-            FormatString(u"Failed to convert the time [%I64d] to a date", time));
+            FormatString(u"Failed to convert the time [%I64d] to a date", std::int64_t{time}));
     SetDateTime(utc->year, utc->month, utc->day, utc->hour, utc->minute, utc->second);
+    return *this;
 }
 
 void CDateTime::SetDateTime(const CDateTime& source, DTType type)
@@ -139,60 +100,36 @@ void CDateTime::SetDateTime(const CDateTime& source, DTType type)
     m_type = type;
 }
 
-void CDateTime::Clear() noexcept
-{
-    *this = CDateTime();
-}
-
 SDateTimeFields CDateTime::GetFields() const noexcept
 {
     return {m_year, m_month, m_day, m_hour, m_minute, m_second, m_milli, m_micro, m_nano};
 }
 
-void CDateTime::SetFields(DTType type, const SDateTimeFields& fields)
+void CDateTime::SetFields(DTType type, std::int64_t year, std::int64_t month, std::int64_t day,
+                          std::int64_t hour, std::int64_t minute, std::int64_t second,
+                          std::int64_t milli, std::int64_t micro, std::int64_t nano)
 {
     if (m_type != DTType_yearZero && m_type != type)
         throw CZqInvalidStateException(
             FormatString(u"Failed to copy CDateTime. Invalid Date Type: %s, expected: %s.",
                          TypeWord(type), TypeWord(m_type)));
-    Clear();
-    m_type = type;
-    m_year = Saturate<std::int16_t>(fields.year);
-    m_month = Saturate<std::uint8_t>(fields.month);
-    m_day = Saturate<std::uint8_t>(fields.day);
-    m_hour = Saturate<std::uint8_t>(fields.hour);
-    m_minute = Saturate<std::uint8_t>(fields.minute);
-    m_second = Saturate<std::uint8_t>(fields.second);
-    m_milli = Saturate<std::uint16_t>(fields.milli);
-    m_micro = Saturate<std::uint16_t>(fields.micro);
-    m_nano = Saturate<std::uint16_t>(fields.nano);
-    ValidateFields(type, fields);
-}
-
-void CDateTime::Validate() const
-{
-    ValidateFields(m_type, GetFields());
-}
-
-void CDateTime::RequireField(DTField field) const
-{
-    RequireType<CZqInvalidStateException>(HasField(m_type, field), GetterName(field), m_type);
-}
-
-void CDateTime::RefuseField(DTField field, std::int64_t value)
-{
-    RefuseFieldValue(field, value);
+    *this = CDateTime(type);
+    m_year = Saturate<std::int16_t>(year);
+    m_month = Saturate<std::uint8_t>(month);
+    m_day = Saturate<std::uint8_t>(day);
+    m_hour = Saturate<std::uint8_t>(hour);
+    m_minute = Saturate<std::uint8_t>(minute);
+    m_second = Saturate<std::uint8_t>(second);
+    m_milli = Saturate<std::uint16_t>(milli);
+    m_micro = Saturate<std::uint16_t>(micro);
+    m_nano = Saturate<std::uint16_t>(nano);
+    ValidateFields(type, {year, month, day, hour, minute, second, milli, micro, nano});
 }
 
 double CDateTime::GetRealSecond() const
 {
-    RequireType<CZqInvalidStateException>(HasField(m_type, DTField::Second), u"GetRealSecond",
+    RequireType<CZqInvalidStateException>(HasField(m_type, EField::Second), u"GetRealSecond",
                                           m_type);
-    return RealSecond();
-}
-
-double CDateTime::RealSecond() const noexcept
-{
     return m_second + m_milli / 1000.0 + m_micro / 1e6 + m_nano / 1e9;
 }
 
@@ -200,16 +137,14 @@ std::uint16_t CDateTime::GetDayOfYear() const
 {
     RequireType<CZqInvalidStateException>(IsDate(m_type), u"GetDayOfYear", m_type);
     if (m_month < 1 || m_month > 12)
-        RefuseField(DTField::Month, m_month);
-    return static_cast<std::uint16_t>(DaysBeforeMonth(m_year, m_month) + m_day);
+        RefuseField(EField::Month, m_month);
+    return static_cast<std::uint16_t>(FirstDayOf(m_year, m_month) - FirstDayOf(m_year, 1) + m_day);
 }
 
 std::uint8_t CDateTime::GetDayOfWeek() const
 {
     RequireType<CZqInvalidStateException>(IsDate(m_type), u"GetDayOfWeek", m_type);
-    const SCalendarTime local =
-        Given(LocalFromTime(GetTime()), u"Failed to GetDayOfWeek. The date is out of range.");
-    return static_cast<std::uint8_t>(local.dayOfWeek + 1);
+    return static_cast<std::uint8_t>(LocalFromTime(GetTime()).dayOfWeek + 1);
 }
 
 std::u16string CDateTime::GetTypeAsString() const
@@ -225,29 +160,22 @@ void CDateTime::SetUTC() noexcept
     m_zoneMinute = 0;
 }
 
-void CDateTime::SetTimeZone(std::int64_t hour, std::int64_t minute)
+void CDateTime::SetTimeZone(CDateNumber hour, CDateNumber minute)
 {
     if (hour < -23 || hour > 23 || minute < 0 || minute > 59)
-        throw CZqInvalidValueException(
-            FormatString(u"Invalid TimeZone [%I64d:%I64d]", hour, minute));
+        throw CZqInvalidValueException(FormatString(u"Invalid TimeZone [%I64d:%I64d]",
+                                                    std::int64_t{hour}, std::int64_t{minute}));
     m_isUtc = true;
     m_hasZone = true;
     m_zoneHour = static_cast<std::int16_t>(hour);
     m_zoneMinute = static_cast<std::uint8_t>(minute);
 }
 
-std::int16_t CDateTime::GetZoneHour() const
+const CDateTime& CDateTime::RequireZone() const
 {
     if (!m_hasZone)
         throw CZqInvalidStateException(u"TimeZone is not been used");
-    return m_zoneHour;
-}
-
-std::uint8_t CDateTime::GetZoneMinute() const
-{
-    if (!m_hasZone)
-        throw CZqInvalidStateException(u"TimeZone is not been used");
-    return m_zoneMinute;
+    return *this;
 }
 
 std::int64_t CDateTime::GetTime() const
@@ -255,13 +183,10 @@ std::int64_t CDateTime::GetTime() const
     RequireType<CZqInvalidValueException>(IsDate(m_type),
                                           u"GetTime, Date Status must be dateTime or date", m_type);
     const CDateTime utc = GetNormalized();
-    SCalendarTime fields{.year = utc.m_year, .month = utc.m_month, .day = utc.m_day};
-    if (m_type == DTType_dateTime) {
-        fields.hour = utc.m_hour;
-        fields.minute = utc.m_minute;
-        fields.second = utc.m_second;
-    }
-    return Given(TimeFromUtc(fields), u"Failed to GetTime. The date is out of range.");
+    std::int64_t time = 86'400 * (FirstDayOf(utc.m_year, utc.m_month) + utc.m_day - 1);
+    if (m_type == DTType_dateTime)
+        time += 3600 * utc.m_hour + 60 * utc.m_minute + utc.m_second;
+    return time;
 }
 
 SYSTEMTIME CDateTime::GetAsSystemTime() const

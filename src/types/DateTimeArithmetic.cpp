@@ -16,56 +16,19 @@
 namespace ZqXmlLib9 {
 namespace {
 
-constexpr std::int64_t FloorDiv(std::int64_t a, std::int64_t b)
-{
-    return a / b - (a % b < 0 ? 1 : 0);
-}
-
-constexpr std::int64_t FloorMod(std::int64_t a, std::int64_t b)
-{
-    return a % b + (a % b < 0 ? b : 0);
-}
-
 /// `a` plus, or minus, `b` in 64 bits, which wrap: the minutes of a span have 64 without a sign.
 std::int64_t AddSigned(std::int64_t a, std::uint64_t b, bool isNegative)
 {
     return static_cast<std::int64_t>(static_cast<std::uint64_t>(a) + (isNegative ? 0 - b : b));
 }
 
-constexpr std::int64_t kFirstYear = std::numeric_limits<std::int16_t>::min();
-constexpr std::int64_t kLastYear = std::numeric_limits<std::int16_t>::max();
-
-/// The days from the start of the first stored year to that of `year`.
-constexpr std::int64_t DaysBeforeYear(std::int64_t year)
-{
-    // From a multiple of 400 below all stored years, so that the leap years before a year are the
-    // multiples of 4, 100 and 400 in [0, y).
-    const auto count = [](std::int64_t from0) {
-        const std::int64_t y = from0 + 32'800;
-        return 365 * y + (y + 3) / 4 - (y + 99) / 100 + (y + 399) / 400;
-    };
-    return count(year) - count(kFirstYear);
-}
-
-constexpr std::int64_t kDaysOfAllYears = DaysBeforeYear(kLastYear + 1);
-constexpr std::int64_t kDaysOf400Years = 146'097;
-static_assert(DaysBeforeYear(400) - DaysBeforeYear(0) == kDaysOf400Years);
-
-/// The year that has the day `number`, counted from the start of the first stored year.
-std::int64_t YearOfDay(std::int64_t number)
-{
-    // By the mean length of a year, off by one at most.
-    std::int64_t year = kFirstYear + number * 400 / kDaysOf400Years;
-    while (DaysBeforeYear(year) > number)
-        --year;
-    while (DaysBeforeYear(year + 1) <= number)
-        ++year;
-    return year;
-}
+constexpr std::int64_t kFirstDay = FirstDayOf(std::numeric_limits<std::int16_t>::min(), 1);
+constexpr std::int64_t kDaysOfAllYears =
+    FirstDayOf(std::numeric_limits<std::int16_t>::max(), 13) - kFirstDay;
 
 }  // namespace
 
-void CDateTime::AddDateTimeSpan(const CDateTimeSpan& span) noexcept
+CDateTime& CDateTime::operator+=(const CDateTimeSpan& span) noexcept
 {
     const bool isNegative = span.IsNegative();
 
@@ -88,6 +51,7 @@ void CDateTime::AddDateTimeSpan(const CDateTimeSpan& span) noexcept
     add(m_minute, span.GetMinutes(), 60);
     add(m_hour, span.GetHours(), 24);
     AddDays(static_cast<std::int32_t>(AddSigned(carry, span.GetDays(), isNegative)));
+    return *this;
 }
 
 // The month is valid here, the day may be any number. It goes over the ends of months only where
@@ -98,43 +62,13 @@ void CDateTime::AddDays(std::int64_t days) noexcept
         m_day = static_cast<std::uint8_t>(m_day + days);
         return;
     }
-    const std::int64_t number =
-        FloorMod(DaysBeforeYear(m_year) + DaysBeforeMonth(m_year, m_month) + m_day - 1 + days,
-                 kDaysOfAllYears);
-    const std::int64_t year = YearOfDay(number);
-    std::int64_t day = number - DaysBeforeYear(year);
-    int month = 1;
-    for (; day >= DaysInMonth(year, month); ++month)
-        day -= DaysInMonth(year, month);
-    m_year = static_cast<std::int16_t>(year);
-    m_month = static_cast<std::uint8_t>(month);
-    m_day = static_cast<std::uint8_t>(day + 1);
-}
-
-CDateTime& CDateTime::operator+=(const CDateTimeSpan& span) noexcept
-{
-    AddDateTimeSpan(span);
-    return *this;
-}
-
-CDateTime& CDateTime::operator-=(const CDateTimeSpan& span) noexcept
-{
-    return *this += span.GetAsNegative();
-}
-
-CDateTime CDateTime::operator+(const CDateTimeSpan& span) const noexcept
-{
-    return CDateTime(*this) += span;
-}
-
-CDateTime CDateTime::operator-(const CDateTimeSpan& span) const noexcept
-{
-    return CDateTime(*this) -= span;
-}
-
-CDateTimeSpan CDateTime::operator-(const CDateTime&) const noexcept
-{
-    return {};
+    const std::int64_t sum = FirstDayOf(m_year, m_month) + m_day - 1 + days;
+    const std::int64_t number = FloorMod(sum - kFirstDay, kDaysOfAllYears) + kFirstDay;
+    const std::chrono::year_month_day date{
+        std::chrono::sys_days(std::chrono::days(FloorMod(number, kDaysOf400Years)))};
+    m_year = static_cast<std::int16_t>(int{date.year()} + 400 * FloorDiv(number, kDaysOf400Years));
+    m_month = static_cast<std::uint8_t>(unsigned{date.month()});
+    m_day = static_cast<std::uint8_t>(unsigned{date.day()});
 }
 
 CDateTime CDateTime::GetNormalized() const noexcept
@@ -142,13 +76,10 @@ CDateTime CDateTime::GetNormalized() const noexcept
     CDateTime normalized = *this;
     if (!m_hasZone)
         return normalized;
-    CDateTimeSpan offset;
-    offset.SetHours(std::abs(m_zoneHour));
-    offset.SetMinutes(m_zoneMinute);
+    CDateTimeSpan offset(std::abs(m_zoneHour), m_zoneMinute, 0);
     if (m_zoneHour >= 0)
-        normalized -= offset;
-    else
-        normalized += offset;
+        offset.Negate();
+    normalized += offset;
     normalized.m_zoneHour = 0;
     normalized.m_zoneMinute = 0;
     return normalized;
@@ -158,10 +89,7 @@ CDateTime CDateTime::GetNormalized() const noexcept
 CDateTime CDateTime::AtOffset(int hour) const noexcept
 {
     CDateTime value = *this;
-    value.m_isUtc = true;
-    value.m_hasZone = true;
-    value.m_zoneHour = static_cast<std::int16_t>(hour);
-    value.m_zoneMinute = 0;
+    value.SetTimeZone(hour, 0);
     return value.GetNormalized();
 }
 
@@ -191,13 +119,15 @@ DTCompareResult CDateTime::CompareFields(const CDateTime& other) const noexcept
 {
     // A field that isn't in use counts as -1.
     const auto read = [](const CDateTime& date) {
-        const auto inUse = [&](DTField field, double value) {
+        const auto inUse = [&](EField field, double value) {
             return HasField(date.m_type, field) ? value : -1;
         };
-        return std::array{
-            inUse(DTField::Year, date.m_year),     inUse(DTField::Month, date.m_month),
-            inUse(DTField::Day, date.m_day),       inUse(DTField::Hour, date.m_hour),
-            inUse(DTField::Minute, date.m_minute), inUse(DTField::Second, date.RealSecond())};
+        return std::array{inUse(EField::Year, date.m_year),
+                          inUse(EField::Month, date.m_month),
+                          inUse(EField::Day, date.m_day),
+                          inUse(EField::Hour, date.m_hour),
+                          inUse(EField::Minute, date.m_minute),
+                          HasField(date.m_type, EField::Second) ? date.GetRealSecond() : -1};
     };
     const auto left = read(*this);
     const auto right = read(other);

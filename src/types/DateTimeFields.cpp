@@ -4,12 +4,13 @@
 #include <ZqXmlLib9/engine/FormatString.h>
 
 #include <iterator>
-#include <string>
 
 namespace ZqXmlLib9 {
 namespace {
 
-constexpr unsigned Bit(DTField field)
+using EField = CDateTime::EField;
+
+constexpr unsigned Bit(EField field)
 {
     return 1u << static_cast<unsigned>(field);
 }
@@ -18,11 +19,11 @@ constexpr unsigned Bit(DTType type)
     return 1u << static_cast<unsigned>(type);
 }
 
-constexpr unsigned kYear = Bit(DTField::Year);
-constexpr unsigned kMonth = Bit(DTField::Month);
-constexpr unsigned kDay = Bit(DTField::Day);
-constexpr unsigned kTimeOfDay = Bit(DTField::Hour) | Bit(DTField::Minute) | Bit(DTField::Second)
-                                | Bit(DTField::Milli) | Bit(DTField::Micro) | Bit(DTField::Nano);
+constexpr unsigned kYear = Bit(EField::Year);
+constexpr unsigned kMonth = Bit(EField::Month);
+constexpr unsigned kDay = Bit(EField::Day);
+constexpr unsigned kTimeOfDay = Bit(EField::Hour) | Bit(EField::Minute) | Bit(EField::Second)
+                                | Bit(EField::Milli) | Bit(EField::Micro) | Bit(EField::Nano);
 
 struct SType {
     const char16_t* word;
@@ -58,6 +59,7 @@ const SType& TypeOf(DTType type)
 }
 
 struct SField {
+    EField field;
     const char16_t* name;
     const char16_t* getter;
     std::int64_t SDateTimeFields::*value;
@@ -66,19 +68,29 @@ struct SField {
     const char16_t* range;  ///< the end of the message
 };
 
-/// In the order of `DTField`.
+/// In the order of `EField`.
 constexpr SField kFields[] = {
-    {u"Month", u"GetMonth", &SDateTimeFields::month, 1, 12, u"(1 <= month <= 12)"},
-    {u"Year", u"GetYear", &SDateTimeFields::year, CDateTime::kMinYear, CDateTime::kMaxYear,
-     u"(-9999 <= year <= 9999 && year != 0)"},
-    {u"Day", u"GetDay", &SDateTimeFields::day, 1, 31, u"(1 <= day <= 31)"},
-    {u"Hour", u"GetHour", &SDateTimeFields::hour, 0, 23, u"(0 <= hour <= 23)"},
-    {u"Minute", u"GetMinute", &SDateTimeFields::minute, 0, 59, u"(0 <= minute <= 59)"},
-    {u"Second", u"GetSecond", &SDateTimeFields::second, 0, 59, u"(0 <= second <= 59)"},
-    {u"Milli-Second", u"GetMilliSecond", &SDateTimeFields::milli, 0, 999, u"(0 <= milli <= 999)"},
-    {u"Micro-Second", u"GetMicroSecond", &SDateTimeFields::micro, 0, 999, u"(0 <= micro <= 999)"},
-    {u"Nano-Second", u"GetNanoSecond", &SDateTimeFields::nano, 0, 999, u"(0 <= nano <= 999)"},
+    {EField::Month, u"Month", u"GetMonth", &SDateTimeFields::month, 1, 12, u"(1 <= month <= 12)"},
+    {EField::Year, u"Year", u"GetYear", &SDateTimeFields::year, CDateTime::kMinYear,
+     CDateTime::kMaxYear, u"(-9999 <= year <= 9999 && year != 0)"},
+    {EField::Day, u"Day", u"GetDay", &SDateTimeFields::day, 1, 31, u"(1 <= day <= 31)"},
+    {EField::Hour, u"Hour", u"GetHour", &SDateTimeFields::hour, 0, 23, u"(0 <= hour <= 23)"},
+    {EField::Minute, u"Minute", u"GetMinute", &SDateTimeFields::minute, 0, 59,
+     u"(0 <= minute <= 59)"},
+    {EField::Second, u"Second", u"GetSecond", &SDateTimeFields::second, 0, 59,
+     u"(0 <= second <= 59)"},
+    {EField::Milli, u"Milli-Second", u"GetMilliSecond", &SDateTimeFields::milli, 0, 999,
+     u"(0 <= milli <= 999)"},
+    {EField::Micro, u"Micro-Second", u"GetMicroSecond", &SDateTimeFields::micro, 0, 999,
+     u"(0 <= micro <= 999)"},
+    {EField::Nano, u"Nano-Second", u"GetNanoSecond", &SDateTimeFields::nano, 0, 999,
+     u"(0 <= nano <= 999)"},
 };
+
+const SField& FieldOf(EField field)
+{
+    return kFields[static_cast<std::size_t>(field)];
+}
 
 /// Any leap year: a gMonthDay may be February 29th.
 constexpr std::int64_t kLeapYear = 4;
@@ -89,15 +101,6 @@ constexpr std::int64_t kLeapYear = 4;
         FormatString(u"Invalid %s [%I64d] %s", field.name, value, range));
 }
 
-/// For types with a month, once that is known to be valid.
-void ValidateDayOfMonth(const SField& field, bool hasYear, const SDateTimeFields& fields)
-{
-    const std::int64_t year = hasYear ? fields.year : kLeapYear;
-    if (fields.day < 1 || fields.day > DaysInMonth(year, fields.month))
-        Refuse(field, fields.day,
-               hasYear ? u"(1 <= day <= days in month" : u"(1 <= day <= days in month)");
-}
-
 }  // namespace
 
 const char16_t* TypeWord(DTType type) noexcept
@@ -105,14 +108,9 @@ const char16_t* TypeWord(DTType type) noexcept
     return TypeOf(type).word;
 }
 
-bool HasField(DTType type, DTField field) noexcept
+bool HasField(DTType type, EField field) noexcept
 {
     return (TypeOf(type).fields & Bit(field)) != 0;
-}
-
-const char16_t* GetterName(DTField field) noexcept
-{
-    return kFields[static_cast<std::size_t>(field)].getter;
 }
 
 bool CanConvert(DTType source, DTType target)
@@ -132,23 +130,32 @@ void ValidateFields(DTType type, const SDateTimeFields& fields)
     const unsigned inUse = TypeOf(type).fields;
     for (const SField& field : kFields) {
         const std::int64_t value = fields.*field.value;
-        const unsigned bit = 1u << (&field - kFields);
+        const unsigned bit = Bit(field.field);
         if ((inUse & bit) == 0) {
             if (value != 0)
                 throw CZqInvalidValueException(FormatString(u"Invalid %s [%I64d] for type %s",
                                                             field.name, value, TypeWord(type)));
         }
-        else if (bit == kDay && (inUse & kMonth) != 0)
-            ValidateDayOfMonth(field, (inUse & kYear) != 0, fields);
+        else if (bit == kDay && (inUse & kMonth) != 0) {
+            const bool hasYear = (inUse & kYear) != 0;
+            if (value < 1 || value > DaysInMonth(hasYear ? fields.year : kLeapYear, fields.month))
+                Refuse(field, value,
+                       hasYear ? u"(1 <= day <= days in month" : u"(1 <= day <= days in month)");
+        }
         else if (value < field.min || value > field.max || (bit == kYear && value == 0))
             Refuse(field, value, field.range);
     }
 }
 
-void RefuseFieldValue(DTField field, std::int64_t value)
+const CDateTime& CDateTime::RequireField(EField field) const
 {
-    const SField& info = kFields[static_cast<std::size_t>(field)];
-    Refuse(info, value, info.range);
+    RequireType<CZqInvalidStateException>(HasField(m_type, field), FieldOf(field).getter, m_type);
+    return *this;
+}
+
+void CDateTime::RefuseField(EField field, std::int64_t value)
+{
+    Refuse(FieldOf(field), value, FieldOf(field).range);
 }
 
 }  // namespace ZqXmlLib9

@@ -23,22 +23,22 @@ struct SDesignator {
 };
 
 using Span = CDateTimeSpan;
+
+template <typename TField, void (Span::*set)(CSpanCount<TField>) noexcept>
+void Store(Span& span, std::int32_t number)
+{
+    (span.*set)(static_cast<TField>(number));
+}
+
 constexpr SDesignator kDesignators[] = {
-    {u'Y', Nothing, Nothing, Years,
-     [](Span& span, std::int32_t n) { span.SetYears(static_cast<std::uint16_t>(n)); }},
-    {u'M', Nothing, Years, Months,
-     [](Span& span, std::int32_t n) { span.SetMonths(static_cast<std::uint32_t>(n)); }},
-    {u'D', Nothing, Months, Days,
-     [](Span& span, std::int32_t n) { span.SetDays(static_cast<std::uint32_t>(n)); }},
+    {u'Y', Nothing, Nothing, Years, Store<std::uint16_t, &Span::SetYears>},
+    {u'M', Nothing, Years, Months, Store<std::uint32_t, &Span::SetMonths>},
+    {u'D', Nothing, Months, Days, Store<std::uint32_t, &Span::SetDays>},
     {u'T', Nothing, Days, Time, [](Span&, std::int32_t) {}},
-    {u'H', Time, Time, Hours,
-     [](Span& span, std::int32_t n) { span.SetHours(static_cast<std::uint32_t>(n)); }},
-    {u'M', Time, Hours, Minutes,
-     [](Span& span, std::int32_t n) { span.SetMinutes(static_cast<std::uint64_t>(n)); }},
-    {u'S', Time, Minutes, Seconds,
-     [](Span& span, std::int32_t n) { span.SetSeconds(static_cast<std::uint64_t>(n)); }},
-    {u'.', Time, Minutes, Fraction,
-     [](Span& span, std::int32_t n) { span.SetSeconds(static_cast<std::uint64_t>(n)); }},
+    {u'H', Time, Time, Hours, Store<std::uint32_t, &Span::SetHours>},
+    {u'M', Time, Hours, Minutes, Store<std::uint64_t, &Span::SetMinutes>},
+    {u'S', Time, Minutes, Seconds, Store<std::uint64_t, &Span::SetSeconds>},
+    {u'.', Time, Minutes, Fraction, Store<std::uint64_t, &Span::SetSeconds>},
 };
 
 /// Takes the digits at the front of `text`, as 32 bits with a sign, which wrap.
@@ -104,11 +104,8 @@ CDateTimeSpan CDateTimeSpan::GetAsNegative() const noexcept
 
 void CDateTimeSpan::ParseXSDDuration(const char16_t* text)
 {
-    if (text == nullptr) {
-        SetDateTimeSpan();
-        throw CZqInvalidValueException(u"Invalid XSD Duration (Null String)");
-    }
-    ParseXSDDuration(std::u16string_view(text));
+    SetDateTimeSpan();
+    ParseXSDDuration(Required(text, u"Invalid XSD Duration (Null String)"));
 }
 
 void CDateTimeSpan::ParseXSDDuration(std::u16string_view text)
@@ -138,13 +135,9 @@ void CDateTimeSpan::ParseXSDDuration(std::u16string_view text)
         designator->store(*this, number);
         state = designator->next;
         if (state == Fraction && !rest.empty()) {
-            SFraction fraction;
-            if (!TakeFraction(rest, fraction))
+            if (!TakeFraction(rest, m_milliSeconds, m_microSeconds, m_nanoSeconds))
                 throw CZqInvalidValueException(
                     FormatString(u"Invalid XSD Duration [%s] Fraction part too long", text));
-            m_milliSeconds = fraction.milli;
-            m_microSeconds = fraction.micro;
-            m_nanoSeconds = fraction.nano;
             require(take(u'S'));
         }
     }
@@ -167,7 +160,7 @@ std::u16string CDateTimeSpan::ToString() const
     PutCount(text, m_hours, u'H');
     PutCount(text, m_minutes, u'M');
     if (hasSeconds) {
-        text.PutSeconds(m_seconds, 1, {m_milliSeconds, m_microSeconds, m_nanoSeconds});
+        text.PutSeconds(m_seconds, 1, m_milliSeconds, m_microSeconds, m_nanoSeconds);
         text.Put(u'S');
     }
     return std::u16string(text.GetText());

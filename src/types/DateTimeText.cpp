@@ -73,15 +73,15 @@ std::optional<SDateTimeFields> Read(std::u16string_view text, std::u16string_vie
     return fields;
 }
 
-void Print(CShortText& text, std::u16string_view layout, const SDateTimeFields& fields,
-           const SFraction& fraction)
+void Print(CShortText& text, std::u16string_view layout, const SDateTimeFields& fields)
 {
     while (!layout.empty()) {
         const char16_t c = layout.front();
         const std::size_t run = std::min(layout.find_first_not_of(c), layout.size());
         const auto field = FieldOf(c);
         if (field == &SDateTimeFields::second)
-            text.PutSeconds(static_cast<std::uint64_t>(fields.second), run, fraction);
+            text.PutSeconds(static_cast<std::uint64_t>(fields.second), run, fields.milli,
+                            fields.micro, fields.nano);
         else if (field != nullptr)
             text.PutDigits(static_cast<std::uint64_t>(std::abs(fields.*field)), run);
         else
@@ -98,15 +98,22 @@ void Print(CShortText& text, std::u16string_view layout, const SDateTimeFields& 
 
 }  // namespace
 
-bool TakeFraction(std::u16string_view& text, SFraction& fraction)
+std::u16string_view Required(const char16_t* text, const char16_t* failure)
 {
-    static constexpr std::uint16_t SFraction::*kParts[] = {&SFraction::milli, &SFraction::micro,
-                                                           &SFraction::nano};
+    if (text == nullptr)
+        throw CZqInvalidValueException(failure);
+    return text;
+}
+
+bool TakeFraction(std::u16string_view& text, std::uint16_t& milli, std::uint16_t& micro,
+                  std::uint16_t& nano)
+{
+    std::uint16_t* const parts[] = {&milli, &micro, &nano};
     static constexpr int kWeights[] = {100, 10, 1};
     for (std::size_t digits = 0; !text.empty() && IsDigit(text.front()); ++digits) {
         if (digits == 9)
             return false;
-        std::uint16_t& part = fraction.*kParts[digits / 3];
+        std::uint16_t& part = *parts[digits / 3];
         part = static_cast<std::uint16_t>(part + (text.front() - u'0') * kWeights[digits % 3]);
         text.remove_prefix(1);
     }
@@ -124,11 +131,11 @@ void CShortText::PutDigits(std::uint64_t value, std::size_t minDigits)
         Put(static_cast<char16_t>(*digit));
 }
 
-void CShortText::PutSeconds(std::uint64_t seconds, std::size_t minDigits, const SFraction& fraction)
+void CShortText::PutSeconds(std::uint64_t seconds, std::size_t minDigits, std::int64_t milli,
+                            std::int64_t micro, std::int64_t nano)
 {
     constexpr std::uint64_t kNanosPerSecond = 1'000'000'000;
-    const std::uint64_t nanos = std::uint64_t{fraction.milli} * 1'000'000
-                                + std::uint64_t{fraction.micro} * 1000 + fraction.nano;
+    const auto nanos = static_cast<std::uint64_t>((milli * 1000 + micro) * 1000 + nano);
     // The last digit by itself: with the carry, all together may have more than 64 bits.
     const std::uint64_t units = seconds % 10 + nanos / kNanosPerSecond;
     PutDigits(seconds / 10 + units / 10, minDigits - 1);
@@ -143,41 +150,33 @@ void CShortText::PutSeconds(std::uint64_t seconds, std::size_t minDigits, const 
 
 void CDateTime::ParseXSDDate(const char16_t* text)
 {
-    if (text == nullptr) {
-        Clear();
-        throw CZqInvalidValueException(u"Invalid Date (Null String)");
-    }
-    ParseXSDDate(std::u16string_view(text));
+    *this = {};
+    ParseXSDDate(Required(text, u"Invalid Date (Null String)"));
 }
 
 void CDateTime::ParseXSDDate(std::u16string_view text)
 {
-    Clear();
+    *this = {};
     SetXSDDate(text);
-    Validate();
+    ValidateFields(m_type, GetFields());
 }
 
 void CDateTime::ParseXSDTime(const char16_t* text)
 {
-    if (text == nullptr) {
-        Clear();
-        throw CZqInvalidValueException(u"Invalid Time (Null String)");
-    }
-    ParseXSDTime(std::u16string_view(text));
+    *this = {};
+    ParseXSDTime(Required(text, u"Invalid Time (Null String)"));
 }
 
 void CDateTime::ParseXSDTime(std::u16string_view text)
 {
-    Clear();
+    *this = {};
     SetXSDTime(text);
-    Validate();
+    ValidateFields(m_type, GetFields());
 }
 
 void CDateTime::ParseXSDDateTime(const char16_t* text)
 {
-    if (text == nullptr)
-        throw CZqInvalidValueException(u"Invalid DateTime (Null String)");
-    ParseXSDDateTime(std::u16string_view(text));
+    ParseXSDDateTime(Required(text, u"Invalid DateTime (Null String)"));
 }
 
 void CDateTime::ParseXSDDateTime(std::u16string_view text)
@@ -185,13 +184,13 @@ void CDateTime::ParseXSDDateTime(std::u16string_view text)
     const std::size_t separator = text.find(u'T');
     if (separator == std::u16string_view::npos)
         Refuse(u"Invalid XSD DateTime [%s]", text);
-    Clear();
+    *this = {};
     SetXSDDate(text.substr(0, separator));
     if (m_type != DTType_date)
         Refuse(u"Invalid XSD DateTime [%s] expected CCYY-MM-DDThh:mm:ss[.ff]", text);
     SetXSDTime(text.substr(separator + 1));
     m_type = DTType_dateTime;
-    Validate();
+    ValidateFields(m_type, GetFields());
 }
 
 void CDateTime::SetXSDDate(std::u16string_view text)
@@ -207,13 +206,12 @@ void CDateTime::SetXSDDate(std::u16string_view text)
 
     // The zone is told by its length from the end, whatever it holds.
     const std::size_t zoneLength = hasLetter ? 1 : hasOffset ? kZoneLayout.size() : 0;
-    const bool hasYear = !text.starts_with(u"--");
-    const bool isNegative = hasYear && text.front() == u'-';
+    const bool isNegative = text.front() == u'-' && !text.starts_with(u"--");
     const std::u16string_view unsignedText = text.substr(isNegative ? 1 : 0);
     if (zoneLength < unsignedText.size()) {
         const std::u16string_view date = unsignedText.substr(0, unsignedText.size() - zoneLength);
         for (const SLayout& row : kLayouts) {
-            if (HasField(row.type, DTField::Hour) || HasField(row.type, DTField::Year) != hasYear)
+            if (row.type == DTType_time)
                 continue;
             const std::optional<SDateTimeFields> fields = Read(date, row.layout);
             if (!fields)
@@ -244,12 +242,8 @@ void CDateTime::SetXSDTime(std::u16string_view text)
     std::u16string_view rest = text.substr(kTimeLayout.size());
     if (rest.starts_with(u'.')) {
         rest.remove_prefix(1);
-        SFraction fraction;
-        if (!TakeFraction(rest, fraction))
+        if (!TakeFraction(rest, m_milli, m_micro, m_nano))
             Refuse(u"Invalid XSD Time [%s] Fraction part too long", text);
-        m_milli = fraction.milli;
-        m_micro = fraction.micro;
-        m_nano = fraction.nano;
     }
     SetZone(rest);
     m_type = DTType_time;
@@ -273,18 +267,17 @@ std::u16string CDateTime::ToString() const
 {
     const auto isPrinted = [this](const SLayout& row) { return row.type == m_type; };
     const auto row = std::ranges::find_if(kLayouts, isPrinted);
-    const bool isEmpty = m_year == 0 && m_month == 0 && m_day == 0 && m_hour == 0 && m_minute == 0
-                         && m_second == 0 && m_milli == 0 && m_micro == 0 && m_nano == 0;
+    const bool isEmpty = GetFields() == SDateTimeFields();
     if (row == std::end(kLayouts) || (isEmpty && m_type != DTType_time))
         throw CZqInvalidValueException(u"Date Not Set");
 
     CShortText text;
-    if (m_year < 0 && HasField(m_type, DTField::Year))
+    if (m_year < 0 && HasField(m_type, EField::Year))
         text.Put(u'-');
-    Print(text, row->layout, GetFields(), {m_milli, m_micro, m_nano});
+    Print(text, row->layout, GetFields());
     if (m_hasZone) {
         text.Put(m_zoneHour < 0 ? u'-' : u'+');
-        Print(text, kZoneLayout.substr(1), {.hour = m_zoneHour, .minute = m_zoneMinute}, {});
+        Print(text, kZoneLayout.substr(1), {.hour = m_zoneHour, .minute = m_zoneMinute});
     }
     else if (m_isUtc) {
         text.Put(u'Z');

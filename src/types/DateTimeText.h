@@ -9,21 +9,19 @@
 
 namespace ZqXmlLib9 {
 
-/// Digits 1 to 3, 4 to 6 and 7 to 9 of a second's fraction. A field may hold more than 999.
-struct SFraction {
-    std::uint16_t milli = 0;
-    std::uint16_t micro = 0;
-    std::uint16_t nano = 0;
-};
+/// \throws CZqInvalidValueException  `failure` if `text` is null
+std::u16string_view Required(const char16_t* text, const char16_t* failure);
 
 constexpr bool IsDigit(char16_t c) noexcept
 {
     return c >= u'0' && c <= u'9';
 }
 
-/// Takes the digits at the front of `text`, of which the first counts 100 milliseconds.
+/// Takes the digits at the front of `text`: 1 to 3 are milliseconds, 4 to 6 micro, 7 to 9 nano.
+/// \param milli, micro, nano  0 before
 /// \return false at the tenth digit
-bool TakeFraction(std::u16string_view& text, SFraction& fraction);
+bool TakeFraction(std::u16string_view& text, std::uint16_t& milli, std::uint16_t& micro,
+                  std::uint16_t& nano);
 
 /// A text on the stack, with room for the longest date or duration: a duration with ten fields of
 /// full width has 94 code units.
@@ -36,7 +34,8 @@ public:
 
     /// The seconds and behind a point their fraction, without zeros at its end or the point alone.
     /// What doesn't fit into the three digits of a field is counted in the field before.
-    void PutSeconds(std::uint64_t seconds, std::size_t minDigits, const SFraction& fraction);
+    void PutSeconds(std::uint64_t seconds, std::size_t minDigits, std::int64_t milli,
+                    std::int64_t micro, std::int64_t nano);
 
     std::u16string_view GetText() const { return {m_text.data(), m_length}; }
 

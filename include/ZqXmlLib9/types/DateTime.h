@@ -7,6 +7,8 @@
 #include <ZqXmlLib9/platform/SystemTime.h>
 #include <ZqXmlLib9/types/DateTimeSpan.h>
 
+#include <compare>
+#include <concepts>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -27,20 +29,22 @@ enum DTType : std::int32_t {
     DTType_gMonthDay = 8,   ///< month, day
 };
 
-/// The fields of a date, in the order in which they are tested.
-enum class DTField : std::uint8_t { Month, Year, Day, Hour, Minute, Second, Milli, Micro, Nano };
+struct SDateTimeFields;
 
-/// The fields of a date as numbers that may be out of range.
-struct SDateTimeFields {
-    std::int64_t year = 0;
-    std::int64_t month = 0;
-    std::int64_t day = 0;
-    std::int64_t hour = 0;
-    std::int64_t minute = 0;
-    std::int64_t second = 0;
-    std::int64_t milli = 0;
-    std::int64_t micro = 0;
-    std::int64_t nano = 0;
+/// An argument of a date: made of any integer. From 2^63 on it is the largest one, which is out of
+/// range for every field.
+class CDateNumber {
+public:
+    template <MachineInteger TNumber>
+    CDateNumber(TNumber number) noexcept
+        : m_number(std::in_range<std::int64_t>(number) ? static_cast<std::int64_t>(number)
+                                                       : INT64_MAX)
+    {}
+
+    operator std::int64_t() const noexcept { return m_number; }
+
+private:
+    std::int64_t m_number;
 };
 
 /// A date or time of one of the eight types of XML Schema, or a value that is not set.
@@ -57,8 +61,7 @@ struct SDateTimeFields {
 ///
 /// The hour carries the sign of an offset, so "-00:30" is stored and treated as "+00:30".
 ///
-/// Numbers are taken as 64 bits with a sign. One that its field can't hold is never wrapped: it is
-/// the failure of a number out of range.
+/// A number that its field can't hold is never wrapped: it is the failure of a number out of range.
 ///
 /// A plain value: copies are independent, any number of threads may read one.
 class ZQXMLLIB9_API CDateTime {
@@ -66,52 +69,60 @@ public:
     static constexpr int kMinYear = -9999;
     static constexpr int kMaxYear = 9999;
 
+    /// The fields, in the order in which they are tested.
+    enum class EField : std::uint8_t { Month, Year, Day, Hour, Minute, Second, Milli, Micro, Nano };
+
     /// Not set.
-    CDateTime() noexcept;
+    CDateTime() noexcept = default;
     /// All fields 0, which most types don't allow; they are set later.
-    explicit CDateTime(DTType type) noexcept;
+    explicit CDateTime(DTType type) noexcept : m_type(type) {}
 
     /// \name From numbers
     ///
     /// What `SetDate`, `SetDateTime` or the assignment would refuse gives a value that is not set,
     /// and no failure.
     /// @{
-    CDateTime(std::int64_t year, std::int64_t month, std::int64_t day);
-    CDateTime(std::int64_t year, std::int64_t month, std::int64_t day, std::int64_t hour,
-              std::int64_t minute, std::int64_t second, std::int64_t milli = 0,
-              std::int64_t micro = 0, std::int64_t nano = 0);
+    CDateTime(CDateNumber year, CDateNumber month, CDateNumber day);
+    CDateTime(CDateNumber year, CDateNumber month, CDateNumber day, CDateNumber hour,
+              CDateNumber minute, CDateNumber second, CDateNumber milli = 0, CDateNumber micro = 0,
+              CDateNumber nano = 0);
     explicit CDateTime(const SYSTEMTIME& time);
     explicit CDateTime(const FILETIME& time);
     /// \param time  in seconds since 1970-01-01T00:00:00Z
     template <MachineInteger TNumber>
-    explicit CDateTime(TNumber time) : CDateTime()
-    {
-        TrySetTime64(ToTime64(time));
-    }
+    explicit CDateTime(TNumber time) : CDateTime(CDateNumber(time))
+    {}
     /// @}
 
     /// As `ParseXSDDateTime`, with its failures.
-    explicit CDateTime(const char16_t* text);
-    explicit CDateTime(std::u16string_view text);
+    explicit CDateTime(const char16_t* text) { ParseXSDDateTime(text); }
+    explicit CDateTime(std::u16string_view text) { ParseXSDDateTime(text); }
 
     CDateTime(const CDateTime&) noexcept = default;
     CDateTime& operator=(const CDateTime&) noexcept = default;
     virtual ~CDateTime();
 
     /// \name Assignments of other records: all are `SetDateTime`, with its failures
+    ///
+    /// Records only by their names, so that `date = {}` resets.
     /// @{
-    CDateTime& operator=(const SYSTEMTIME& time);
+    template <std::same_as<SYSTEMTIME> TTime>
+    CDateTime& operator=(const TTime& time)
+    {
+        SetDateTime(time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond,
+                    time.wMilliseconds);
+        return *this;
+    }
     /// \throws CZqInvalidValueException  "Failed to convert FILETIME to SYSTEMTIME" from 2^63 units
-    CDateTime& operator=(const FILETIME& time);
+    template <std::same_as<FILETIME> TTime>
+    CDateTime& operator=(const TTime& time)
+    {
+        return *this = ToSystemTime(time);
+    }
     /// \param time  in seconds since 1970-01-01T00:00:00Z
     /// \throws CZqInvalidValueException  "Failed to convert the time [%I64d] to a date" where the
     ///         year would not have 32 bits
-    template <MachineInteger TNumber>
-    CDateTime& operator=(TNumber time)
-    {
-        SetTime64(ToTime64(time));
-        return *this;
-    }
+    CDateTime& operator=(CDateNumber time);
     /// @}
 
     /// \name Whole values
@@ -124,40 +135,40 @@ public:
     /// \throws CZqInvalidValueException  for the first field at fault, such as
     ///         "Invalid Month [%d] (1 <= month <= 12)"
     /// @{
-    void SetDateTime(std::int64_t year, std::int64_t month, std::int64_t day, std::int64_t hour,
-                     std::int64_t minute, std::int64_t second, std::int64_t milli = 0,
-                     std::int64_t micro = 0, std::int64_t nano = 0)
+    void SetDateTime(CDateNumber year, CDateNumber month, CDateNumber day, CDateNumber hour,
+                     CDateNumber minute, CDateNumber second, CDateNumber milli = 0,
+                     CDateNumber micro = 0, CDateNumber nano = 0)
     {
-        SetFields(DTType_dateTime, {year, month, day, hour, minute, second, milli, micro, nano});
+        SetFields(DTType_dateTime, year, month, day, hour, minute, second, milli, micro, nano);
     }
-    void SetDate(std::int64_t year, std::int64_t month, std::int64_t day)
+    void SetDate(CDateNumber year, CDateNumber month, CDateNumber day)
     {
-        SetFields(DTType_date, {year, month, day});
+        SetFields(DTType_date, year, month, day);
     }
-    void SetTime(std::int64_t hour, std::int64_t minute, std::int64_t second,
-                 std::int64_t milli = 0, std::int64_t micro = 0, std::int64_t nano = 0)
+    void SetTime(CDateNumber hour, CDateNumber minute, CDateNumber second, CDateNumber milli = 0,
+                 CDateNumber micro = 0, CDateNumber nano = 0)
     {
-        SetFields(DTType_time, {0, 0, 0, hour, minute, second, milli, micro, nano});
+        SetFields(DTType_time, 0, 0, 0, hour, minute, second, milli, micro, nano);
     }
-    void SetFracTime(std::int64_t milli, std::int64_t micro, std::int64_t nano)
+    void SetFracTime(CDateNumber milli, CDateNumber micro, CDateNumber nano)
     {
         SetTime(0, 0, 0, milli, micro, nano);
     }
-    void SetGYearMonth(std::int64_t year, std::int64_t month)
+    void SetGYearMonth(CDateNumber year, CDateNumber month)
     {
-        SetFields(DTType_gYearMonth, {year, month});
+        SetFields(DTType_gYearMonth, year, month);
     }
-    void SetGYear(std::int64_t year) { SetFields(DTType_gYear, {year}); }
-    void SetGMonthDay(std::int64_t month, std::int64_t day)
+    void SetGYear(CDateNumber year) { SetFields(DTType_gYear, year); }
+    void SetGMonthDay(CDateNumber month, CDateNumber day)
     {
-        SetFields(DTType_gMonthDay, {0, month, day});
+        SetFields(DTType_gMonthDay, 0, month, day);
     }
-    void SetGMonth(std::int64_t month) { SetFields(DTType_gMonth, {0, month}); }
-    void SetGDay(std::int64_t day) { SetFields(DTType_gDay, {0, 0, day}); }
+    void SetGMonth(CDateNumber month) { SetFields(DTType_gMonth, 0, month); }
+    void SetGDay(CDateNumber day) { SetFields(DTType_gDay, 0, 0, day); }
     /// @}
 
     /// Takes every field of `source`, the zone included, as the type `type`. Fields that the type
-    /// lacks remain in the object, out of use; nothing is tested.
+    /// lacks remain in the object, out of use; none is tested, but both types are.
     /// \throws CZqInvalidValueException  "Attempting to set a CDateTime of type %s using an
     ///         XmlDateTime of type %s. The source CDateTime does not contian enough data to allow
     ///         the conversion.", or "Unknown date type %d."
@@ -171,24 +182,24 @@ public:
     /// \throws CZqInvalidValueException  the message of the field's range, from a setter, for a
     ///         number that the field can't hold
     /// @{
-    std::int16_t GetYear() const { return InUse(DTField::Year, m_year); }
-    void SetYear(std::int64_t year) { SetField(DTField::Year, m_year, year); }
-    std::uint8_t GetMonth() const { return InUse(DTField::Month, m_month); }
-    void SetMonth(std::int64_t month) { SetField(DTField::Month, m_month, month); }
-    std::uint8_t GetDay() const { return InUse(DTField::Day, m_day); }
-    void SetDay(std::int64_t day) { SetField(DTField::Day, m_day, day); }
-    std::uint8_t GetHour() const { return InUse(DTField::Hour, m_hour); }
-    void SetHour(std::int64_t hour) { SetField(DTField::Hour, m_hour, hour); }
-    std::uint8_t GetMinute() const { return InUse(DTField::Minute, m_minute); }
-    void SetMinute(std::int64_t minute) { SetField(DTField::Minute, m_minute, minute); }
-    std::uint8_t GetSecond() const { return InUse(DTField::Second, m_second); }
-    void SetSecond(std::int64_t second) { SetField(DTField::Second, m_second, second); }
-    std::uint16_t GetMilliSecond() const { return InUse(DTField::Milli, m_milli); }
-    void SetMilliSecond(std::int64_t milli) { SetField(DTField::Milli, m_milli, milli); }
-    std::uint16_t GetMicroSecond() const { return InUse(DTField::Micro, m_micro); }
-    void SetMicroSecond(std::int64_t micro) { SetField(DTField::Micro, m_micro, micro); }
-    std::uint16_t GetNanoSecond() const { return InUse(DTField::Nano, m_nano); }
-    void SetNanoSecond(std::int64_t nano) { SetField(DTField::Nano, m_nano, nano); }
+    std::int16_t GetYear() const { return RequireField(EField::Year).m_year; }
+    void SetYear(CDateNumber year) { SetField(EField::Year, m_year, year); }
+    std::uint8_t GetMonth() const { return RequireField(EField::Month).m_month; }
+    void SetMonth(CDateNumber month) { SetField(EField::Month, m_month, month); }
+    std::uint8_t GetDay() const { return RequireField(EField::Day).m_day; }
+    void SetDay(CDateNumber day) { SetField(EField::Day, m_day, day); }
+    std::uint8_t GetHour() const { return RequireField(EField::Hour).m_hour; }
+    void SetHour(CDateNumber hour) { SetField(EField::Hour, m_hour, hour); }
+    std::uint8_t GetMinute() const { return RequireField(EField::Minute).m_minute; }
+    void SetMinute(CDateNumber minute) { SetField(EField::Minute, m_minute, minute); }
+    std::uint8_t GetSecond() const { return RequireField(EField::Second).m_second; }
+    void SetSecond(CDateNumber second) { SetField(EField::Second, m_second, second); }
+    std::uint16_t GetMilliSecond() const { return RequireField(EField::Milli).m_milli; }
+    void SetMilliSecond(CDateNumber milli) { SetField(EField::Milli, m_milli, milli); }
+    std::uint16_t GetMicroSecond() const { return RequireField(EField::Micro).m_micro; }
+    void SetMicroSecond(CDateNumber micro) { SetField(EField::Micro, m_micro, micro); }
+    std::uint16_t GetNanoSecond() const { return RequireField(EField::Nano).m_nano; }
+    void SetNanoSecond(CDateNumber nano) { SetField(EField::Nano, m_nano, nano); }
     /// @}
 
     /// The second with its fraction.
@@ -215,11 +226,11 @@ public:
     void SetUTC() noexcept;
     /// The offset from UTC, to 23:59; XML Schema itself ends at 14 hours.
     /// \throws CZqInvalidValueException  "Invalid TimeZone [%d:%d]"
-    void SetTimeZone(std::int64_t hour, std::int64_t minute);
+    void SetTimeZone(CDateNumber hour, CDateNumber minute);
     /// The sign of the offset is in the hour.
     /// \throws CZqInvalidStateException  "TimeZone is not been used" unless `HasTimeZone()`
-    std::int16_t GetZoneHour() const;
-    std::uint8_t GetZoneMinute() const;
+    std::int16_t GetZoneHour() const { return RequireZone().m_zoneHour; }
+    std::uint8_t GetZoneMinute() const { return RequireZone().m_zoneMinute; }
     /// There is a zone, by "Z" or by an offset.
     bool IsUTC() const noexcept { return m_isUtc; }
     /// There is an offset.
@@ -242,8 +253,8 @@ public:
     void ParseXSDDateTime(const char16_t* text);
     void ParseXSDDateTime(std::u16string_view text);
     /// Reads any type that has no time; the form of the text decides. "--MM--" is a gMonth too. Of a
-    /// text with a ":", the last six characters are the zone; without a sign in front they are
-    /// ignored.
+    /// text with a ":", the last six characters are the zone; without a sign or a "Z" in front of
+    /// them they are ignored.
     void ParseXSDDate(const char16_t* text);
     void ParseXSDDate(std::u16string_view text);
     void ParseXSDTime(const char16_t* text);
@@ -269,17 +280,25 @@ public:
     /// gYear loses a year, even by a span of 0; the same holds where it is normalised.
     CDateTime& operator+=(const CDateTimeSpan& span) noexcept;
     /// Goes backwards, whatever the sign of the span.
-    CDateTime& operator-=(const CDateTimeSpan& span) noexcept;
-    CDateTime operator+(const CDateTimeSpan& span) const noexcept;
-    CDateTime operator-(const CDateTimeSpan& span) const noexcept;
-
+    CDateTime& operator-=(const CDateTimeSpan& span) noexcept
+    {
+        return *this += span.GetAsNegative();
+    }
+    CDateTime operator+(const CDateTimeSpan& span) const noexcept
+    {
+        return CDateTime(*this) += span;
+    }
+    CDateTime operator-(const CDateTimeSpan& span) const noexcept
+    {
+        return CDateTime(*this) -= span;
+    }
     /// No difference: always a span of 0.
-    CDateTimeSpan operator-(const CDateTime& other) const noexcept;
+    CDateTimeSpan operator-(const CDateTime&) const noexcept { return {}; }
 
     /// Compares field by field, at UTC where there are offsets. A value without a zone against one
     /// with a zone is compared at both ends, +14:00 and -14:00, and is Indeterminate in between.
-    /// A field that only one of the types has, or years of different signs, make the outcome
-    /// Indeterminate, unless a field before it decides.
+    /// A field that a type lacks counts as -1; two numbers of opposite signs make the outcome
+    /// Indeterminate, unless a field before them decides.
     /// Source: XML Schema Part 2, 3.2.7.4.
     DTCompareResult CompareTo(const CDateTime& other) const noexcept;
 
@@ -288,23 +307,12 @@ public:
     {
         return CompareTo(other) == DTCompareResult_Equal;
     }
-    bool operator<(const CDateTime& other) const noexcept
+    std::partial_ordering operator<=>(const CDateTime& other) const noexcept
     {
-        return CompareTo(other) == DTCompareResult_LessThan;
-    }
-    bool operator>(const CDateTime& other) const noexcept
-    {
-        return CompareTo(other) == DTCompareResult_GreaterThan;
-    }
-    bool operator<=(const CDateTime& other) const noexcept
-    {
-        const DTCompareResult result = CompareTo(other);
-        return result == DTCompareResult_LessThan || result == DTCompareResult_Equal;
-    }
-    bool operator>=(const CDateTime& other) const noexcept
-    {
-        const DTCompareResult result = CompareTo(other);
-        return result == DTCompareResult_GreaterThan || result == DTCompareResult_Equal;
+        using Order = std::partial_ordering;
+        constexpr Order kOrders[] = {Order::equivalent, Order::less, Order::greater,
+                                     Order::unordered};
+        return kOrders[CompareTo(other)];
     }
 
     /// In seconds since 1970-01-01T00:00:00Z; a value without a zone counts as UTC.
@@ -321,42 +329,30 @@ public:
     static CDateTime GetTickCount();
 
 private:
-    template <MachineInteger TNumber>
-    static std::int64_t ToTime64(TNumber time) noexcept
-    {
-        return std::in_range<std::int64_t>(time) ? static_cast<std::int64_t>(time) : INT64_MAX;
-    }
-    void SetTime64(std::int64_t time);
-    void TrySetTime64(std::int64_t time);
+    explicit CDateTime(CDateNumber time);
 
     template <typename TValue>
-    TValue InUse(DTField field, TValue value) const
-    {
-        RequireField(field);
-        return value;
-    }
-    template <typename TValue>
-    void SetField(DTField field, TValue& target, std::int64_t value)
+    void SetField(EField field, TValue& target, std::int64_t value)
     {
         RequireField(field);
         if (!std::in_range<TValue>(value))
             RefuseField(field, value);
         target = static_cast<TValue>(value);
     }
-    void RequireField(DTField field) const;
-    [[noreturn]] static void RefuseField(DTField field, std::int64_t value);
+    const CDateTime& RequireField(EField field) const;
+    const CDateTime& RequireZone() const;
+    [[noreturn]] static void RefuseField(EField field, std::int64_t value);
+    static SYSTEMTIME ToSystemTime(const FILETIME& time);
 
-    void Clear() noexcept;
     SDateTimeFields GetFields() const noexcept;
-    void SetFields(DTType type, const SDateTimeFields& fields);
-    void Validate() const;
-    double RealSecond() const noexcept;
+    void SetFields(DTType type, std::int64_t year, std::int64_t month = 0, std::int64_t day = 0,
+                   std::int64_t hour = 0, std::int64_t minute = 0, std::int64_t second = 0,
+                   std::int64_t milli = 0, std::int64_t micro = 0, std::int64_t nano = 0);
 
     void SetXSDDate(std::u16string_view text);
     void SetXSDTime(std::u16string_view text);
     void SetZone(std::u16string_view text);
 
-    void AddDateTimeSpan(const CDateTimeSpan& span) noexcept;
     void AddDays(std::int64_t days) noexcept;
     CDateTime AtOffset(int hour) const noexcept;
     DTCompareResult CompareFields(const CDateTime& other) const noexcept;
