@@ -9,6 +9,8 @@ namespace ZqXmlLib9 {
 namespace {
 
 using EField = CDateTime::EField;
+using enum CDateTime::EField;
+using Fields = SDateTimeFields;
 
 constexpr unsigned Bit(EField field)
 {
@@ -19,11 +21,11 @@ constexpr unsigned Bit(DTType type)
     return 1u << static_cast<unsigned>(type);
 }
 
-constexpr unsigned kYear = Bit(EField::Year);
-constexpr unsigned kMonth = Bit(EField::Month);
-constexpr unsigned kDay = Bit(EField::Day);
-constexpr unsigned kTimeOfDay = Bit(EField::Hour) | Bit(EField::Minute) | Bit(EField::Second)
-                                | Bit(EField::Milli) | Bit(EField::Micro) | Bit(EField::Nano);
+constexpr unsigned kYear = Bit(Year);
+constexpr unsigned kMonth = Bit(Month);
+constexpr unsigned kDay = Bit(Day);
+constexpr unsigned kTimeOfDay =
+    Bit(Hour) | Bit(Minute) | Bit(Second) | Bit(Milli) | Bit(Micro) | Bit(Nano);
 
 struct SType {
     const char16_t* word;
@@ -62,7 +64,7 @@ struct SField {
     EField field;
     const char16_t* name;
     const char16_t* getter;
-    std::int64_t SDateTimeFields::*value;
+    std::int64_t Fields::*value;
     std::int64_t min;
     std::int64_t max;
     const char16_t* range;  ///< the end of the message
@@ -70,21 +72,16 @@ struct SField {
 
 /// In the order of `EField`.
 constexpr SField kFields[] = {
-    {EField::Month, u"Month", u"GetMonth", &SDateTimeFields::month, 1, 12, u"(1 <= month <= 12)"},
-    {EField::Year, u"Year", u"GetYear", &SDateTimeFields::year, CDateTime::kMinYear,
-     CDateTime::kMaxYear, u"(-9999 <= year <= 9999 && year != 0)"},
-    {EField::Day, u"Day", u"GetDay", &SDateTimeFields::day, 1, 31, u"(1 <= day <= 31)"},
-    {EField::Hour, u"Hour", u"GetHour", &SDateTimeFields::hour, 0, 23, u"(0 <= hour <= 23)"},
-    {EField::Minute, u"Minute", u"GetMinute", &SDateTimeFields::minute, 0, 59,
-     u"(0 <= minute <= 59)"},
-    {EField::Second, u"Second", u"GetSecond", &SDateTimeFields::second, 0, 59,
-     u"(0 <= second <= 59)"},
-    {EField::Milli, u"Milli-Second", u"GetMilliSecond", &SDateTimeFields::milli, 0, 999,
-     u"(0 <= milli <= 999)"},
-    {EField::Micro, u"Micro-Second", u"GetMicroSecond", &SDateTimeFields::micro, 0, 999,
-     u"(0 <= micro <= 999)"},
-    {EField::Nano, u"Nano-Second", u"GetNanoSecond", &SDateTimeFields::nano, 0, 999,
-     u"(0 <= nano <= 999)"},
+    {Month, u"Month", u"GetMonth", &Fields::month, 1, 12, u"(1 <= month <= 12)"},
+    {Year, u"Year", u"GetYear", &Fields::year, CDateTime::kMinYear, CDateTime::kMaxYear,
+     u"(-9999 <= year <= 9999 && year != 0)"},
+    {Day, u"Day", u"GetDay", &Fields::day, 1, 31, u"(1 <= day <= 31)"},
+    {Hour, u"Hour", u"GetHour", &Fields::hour, 0, 23, u"(0 <= hour <= 23)"},
+    {Minute, u"Minute", u"GetMinute", &Fields::minute, 0, 59, u"(0 <= minute <= 59)"},
+    {Second, u"Second", u"GetSecond", &Fields::second, 0, 59, u"(0 <= second <= 59)"},
+    {Milli, u"Milli-Second", u"GetMilliSecond", &Fields::milli, 0, 999, u"(0 <= milli <= 999)"},
+    {Micro, u"Micro-Second", u"GetMicroSecond", &Fields::micro, 0, 999, u"(0 <= micro <= 999)"},
+    {Nano, u"Nano-Second", u"GetNanoSecond", &Fields::nano, 0, 999, u"(0 <= nano <= 999)"},
 };
 
 const SField& FieldOf(EField field)

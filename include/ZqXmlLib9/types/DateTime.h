@@ -29,7 +29,7 @@ enum DTType : std::int32_t {
     DTType_gMonthDay = 8,   ///< month, day
 };
 
-struct SDateTimeFields;
+struct SDateTimeFields;  // internal, in DateTimeFields.h
 
 /// An argument of a date: made of any integer. From 2^63 on it is the largest one, which is out of
 /// range for every field.
