@@ -255,6 +255,33 @@ void CFastInfosetWriter::WriteAttribute(std::u16string_view name, std::u16string
     Commit();
 }
 
+/// The prefix by which readers find the namespace of a type, or nothing.
+std::u16string_view CFastInfosetWriter::GetDeclaredPrefix(std::u16string_view uri) const
+{
+    for (const NamespaceTable* const table : {&GetNamespaceTable(), &m_typePrefixes})
+        if (const auto entry = table->find(uri); entry != table->end())
+            return entry->second;
+    return {};
+}
+
+// Readers keep one list of prefixes for a whole document, without scopes: so a namespace has the
+// same prefix in all declarations, and no other namespace ever gets it.
+void CFastInfosetWriter::DeclareForType(CXmlWriterContext& context, std::u16string_view uri)
+{
+    std::u16string prefix(GetDeclaredPrefix(uri));
+    if (prefix.empty()) {
+        NamespaceTable taken = context.GetEffectiveNamespaces();
+        taken.erase(std::u16string(uri));
+        for (const auto* const table : {&GetNamespaceTable(), &std::as_const(m_typePrefixes)})
+            for (const auto& [other, otherPrefix] : *table)
+                taken.insert_or_assign(other, otherPrefix);
+        prefix = CreateUniquePrefix(taken);
+        m_typePrefixes.emplace(uri, prefix);
+    }
+    context.SetNamespace(uri, prefix);
+    m_declarations.emplace_back(std::move(prefix), uri);
+}
+
 void CFastInfosetWriter::WriteXsiType(std::u16string_view uri, std::u16string_view typeName,
                                       ItemType type)
 {
@@ -263,14 +290,12 @@ void CFastInfosetWriter::WriteXsiType(std::u16string_view uri, std::u16string_vi
         WriteAttribute(u"type", kXsiNamespace, typeName, type);
         return;
     }
-    // A reader finds the namespace of a type by the declared prefixes alone.
-    if (context.GetPrefix(uri).empty()) {
+    const std::u16string_view declared = GetDeclaredPrefix(uri);
+    if (declared.empty() || declared != context.GetPrefix(uri)) {
         if (m_pending == nullptr)
             Fail(FormatString(
                 u"The namespace [%s] of a type has no prefix. Register an alias for it.", uri));
-        std::u16string prefix = CreateUniquePrefix(context.GetEffectiveNamespaces());
-        context.SetNamespace(uri, prefix);
-        m_declarations.emplace_back(std::move(prefix), uri);
+        DeclareForType(context, uri);
     }
     FlushPendingElement(true);
     const std::u16string prefix(context.GetPrefix(uri));

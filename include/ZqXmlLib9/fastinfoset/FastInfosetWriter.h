@@ -90,6 +90,8 @@ private:
     void AppendEncoded(const SStringForm& form, unsigned bits, std::u16string_view text,
                        ItemType type);
     void AppendAttributeValue(std::u16string_view value, ItemType type);
+    std::u16string_view GetDeclaredPrefix(std::u16string_view uri) const;
+    void DeclareForType(CXmlWriterContext& context, std::u16string_view uri);
     std::string PackByAlphabet(std::uint32_t index, std::u16string_view text) const;
 
     CBinaryStream* m_stream;
@@ -100,9 +102,10 @@ private:
 
     /// Prefix and URI that the pending element declares.
     std::vector<std::pair<std::u16string, std::u16string>> m_declarations;
-    std::string m_octets;  ///< of the event that is being written
-    std::string m_utf8;    ///< reused
-    std::u16string m_key;  ///< reused
+    NamespaceTable m_typePrefixes;  ///< of all declarations for types, by URI
+    std::string m_octets;           ///< of the event that is being written
+    std::string m_utf8;             ///< reused
+    std::u16string m_key;           ///< reused
 };
 
 }  // namespace ZqXmlLib9
