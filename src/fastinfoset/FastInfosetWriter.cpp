@@ -92,6 +92,13 @@ CFastInfosetWriter::CFastInfosetWriter(const CFastInfosetContext* settings, CBin
 
 CFastInfosetWriter::~CFastInfosetWriter() = default;
 
+void CFastInfosetWriter::Close()
+{
+    if (m_pending != nullptr)
+        PushContext(std::move(m_pending));  // it is open, though its head isn't written
+    CXmlWriter::Close();
+}
+
 void CFastInfosetWriter::PutAll(Octets octets)
 {
     m_octets.append(octets.begin(), octets.end());

@@ -34,6 +34,8 @@ public:
     CFastInfosetWriter(const CFastInfosetContext* settings, CBinaryStream* stream);
     ~CFastInfosetWriter() override;
 
+    void Close() override;
+
     /// Behind `Open`, in front of the root.
     void WriteDocumentHeader(FInfoDecl declaration);
     /// Behind the root, in front of `Close`.
