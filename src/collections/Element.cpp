@@ -158,6 +158,7 @@ void CElement::CopyXmlElement(const CXmlElement* element)
 {
     if (element == nullptr)
         throw CZqInvalidParamException(u"The element to read from is null");
+    const CHold hold(*this);
     // A child is added once it is complete.
     struct SLevel {
         CElement* target;
@@ -269,6 +270,7 @@ CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* cursor,
     if (cursor == nullptr
         || !DoesNamespacePass(cursor->GetNamespaceURI(), m_namespaceRestriction, m_targetNamespace))
         return cursor;
+    const CHold hold(*this);
     FromXml_Int(m_attributes.Get(), cursor, nullptr, context);
     const CXmlElement* const rest =
         FromXml_Int(m_childElements.Get(), cursor, cursor->GetFirstElement(), context);

@@ -121,20 +121,19 @@ void CFIVocabulary::AddQName(std::u16string prefix, std::u16string nameSpace,
     if (map.contains(key))
         return;
     std::uint32_t prefixIndex = 0;
-    if (!prefix.empty() && !FindPrefixNameIndex(prefix, prefixIndex)) {
-        AddPrefixName(std::move(prefix));
-        prefixIndex = static_cast<std::uint32_t>(m_prefixes.m_entries.size());
-    }
     std::uint32_t nameSpaceIndex = 0;
-    if (!nameSpace.empty() && !FindNamespaceNameIndex(nameSpace, nameSpaceIndex)) {
-        AddNamespaceName(std::move(nameSpace));
-        nameSpaceIndex = static_cast<std::uint32_t>(m_nameSpaces.m_entries.size());
-    }
     std::uint32_t localNameIndex = 0;
-    if (!FindLocalNameIndex(localName, localNameIndex)) {
-        AddLocalName(std::move(localName));
-        localNameIndex = static_cast<std::uint32_t>(m_localNames.m_entries.size());
-    }
+    if (!prefix.empty() && !FindPrefixNameIndex(prefix, prefixIndex))
+        AddPrefixName(prefix);
+    if (!nameSpace.empty() && !FindNamespaceNameIndex(nameSpace, nameSpaceIndex))
+        AddNamespaceName(nameSpace);
+    if (!FindLocalNameIndex(localName, localNameIndex))
+        AddLocalName(localName);
+    // A part that its full table didn't take leaves the name without a meaning.
+    if ((!prefix.empty() && !FindPrefixNameIndex(prefix, prefixIndex))
+        || (!nameSpace.empty() && !FindNamespaceNameIndex(nameSpace, nameSpaceIndex))
+        || !FindLocalNameIndex(localName, localNameIndex))
+        return;
     AddValueToMap(key, map);
     AddQNameToVector(prefixIndex, nameSpaceIndex, localNameIndex, table);
 }

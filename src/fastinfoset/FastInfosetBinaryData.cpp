@@ -32,16 +32,16 @@ TNumber FromOctets(Octets octets)
     return std::bit_cast<TNumber>(bits);
 }
 
+/// \return the octet count
 template <typename TNumber>
-void AppendOctets(TNumber number, CBinaryData& data)
+std::size_t PutOctets(TNumber number, std::array<unsigned char, 8>& octets)
 {
     auto bits = std::bit_cast<Bits<sizeof(TNumber)>>(number);
-    std::array<unsigned char, sizeof(TNumber)> octets;
-    for (auto octet = octets.rbegin(); octet != octets.rend(); ++octet) {
-        *octet = static_cast<unsigned char>(bits);
+    for (std::size_t i = sizeof(TNumber); i-- > 0;) {
+        octets[i] = static_cast<unsigned char>(bits);
         bits = static_cast<Bits<sizeof(TNumber)>>(bits >> 8);
     }
-    data.Append(octets.data(), octets.size());
+    return sizeof(TNumber);
 }
 
 /// An algorithm whose values have one and the same length.
@@ -133,6 +133,20 @@ std::u16string CFastInfosetBinaryData::GetAsUuid(std::span<const unsigned char> 
     return GetAsHexString(octets.data(), static_cast<std::uint32_t>(octets.size()));
 }
 
+std::size_t CFastInfosetBinaryData::EncodeNumber(std::uint32_t algorithm, std::u16string_view text,
+                                                 std::array<unsigned char, 8>& octets)
+{
+    switch (algorithm) {
+    case 3: return PutOctets(CConversions::i2FromString(text, kNoRule), octets);
+    case 4: return PutOctets(CConversions::i4FromString(text, kNoRule), octets);
+    case 5: return PutOctets(CConversions::i8FromString(text, kNoRule), octets);
+    case 6: octets[0] = CConversions::booleanFromString(text, kNoRule) ? 0x38 : 0x30; return 1;
+    case 7: return PutOctets(CConversions::r4FromString(text, kNoRule), octets);
+    case 8: return PutOctets(CConversions::r8FromString(text, kNoRule), octets);
+    default: return 0;
+    }
+}
+
 void CFastInfosetBinaryData::SetAsEncodedString(std::uint32_t algorithm, const char16_t* text)
 {
     SetAsEncodedString(algorithm, TextOrEmpty(text));
@@ -141,19 +155,15 @@ void CFastInfosetBinaryData::SetAsEncodedString(std::uint32_t algorithm, const c
 void CFastInfosetBinaryData::SetAsEncodedString(std::uint32_t algorithm, std::u16string_view text)
 {
     Clear();
+    std::array<unsigned char, 8> octets;
+    if (const std::size_t count = EncodeNumber(algorithm, text, octets)) {
+        Append(octets.data(), count);
+        return;
+    }
     switch (algorithm) {
     case 1:
     case 9: SetAsHexString(text); break;
     case 2: SetAsBase64(text); break;
-    case 3: AppendOctets(CConversions::i2FromString(text, kNoRule), *this); break;
-    case 4: AppendOctets(CConversions::i4FromString(text, kNoRule), *this); break;
-    case 5: AppendOctets(CConversions::i8FromString(text, kNoRule), *this); break;
-    case 6:
-        Append(static_cast<unsigned char>(CConversions::booleanFromString(text, kNoRule) ? 0x38
-                                                                                         : 0x30));
-        break;
-    case 7: AppendOctets(CConversions::r4FromString(text, kNoRule), *this); break;
-    case 8: AppendOctets(CConversions::r8FromString(text, kNoRule), *this); break;
     case 10: {
         const std::string utf8 = ToUtf8(text);
         Append(std::as_bytes(std::span(utf8)));

@@ -74,6 +74,9 @@ constexpr const char16_t* kComponentFailed = u"Invalid Encoding of a document co
 /// Text that comes by indices isn't counted against the size of the document below this.
 constexpr std::uint64_t kFreeDelivery = std::uint64_t{8} << 20;
 
+/// In code units: how much of each such text isn't counted at all.
+constexpr std::size_t kFreeLength = 64;
+
 [[noreturn]] void Fail(const std::u16string& what)
 {
     throw CZqException(u"Failed to parse FastInfoset. " + what);
@@ -577,12 +580,14 @@ const TEntry& CFastInfosetReader::At(const CFIVocabulary::CTable<TEntry>& table,
     return table.m_entries[index - 1];
 }
 
-/// A short document may name a long text a million times.
+// A short document may name a long text a million times. Short texts, names above all, are let
+// through: they cost little more than the nodes that they are for.
 const std::u16string& CFastInfosetReader::Deliver(const std::u16string& text)
 {
-    m_delivered += text.size() * sizeof(char16_t);
+    m_delivered += std::max(text.size(), kFreeLength) - kFreeLength;
     const int limit = m_document->GetContext().GetMaxAmplification();
-    if (m_delivered > kFreeDelivery && std::cmp_greater(m_delivered / m_data.size(), limit))
+    const std::uint64_t octets = m_delivered * sizeof(char16_t);
+    if (octets > kFreeDelivery && std::cmp_greater(octets / m_data.size(), limit))
         Fail(FormatString(u"The document refers to more text than %d times its own size.", limit));
     return text;
 }

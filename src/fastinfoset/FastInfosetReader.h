@@ -109,7 +109,7 @@ private:
     std::u16string m_value;     ///< the latest literal
     std::uint32_t m_index = 0;  ///< the latest index
     bool m_isAddedToTable = false;
-    std::uint64_t m_delivered = 0;  ///< octets of text that came by an index
+    std::uint64_t m_delivered = 0;  ///< code units that came by an index and are counted
     std::unique_ptr<CFIVocabulary> m_vocabulary;
 };
 

@@ -10,6 +10,7 @@
 #include <ZqXmlLib9/fastinfoset/FastInfosetWriter.h>
 
 #include <algorithm>
+#include <array>
 
 namespace ZqXmlLib9 {
 namespace {
@@ -26,6 +27,9 @@ constexpr unsigned kIsIndex = 0x80;
 constexpr unsigned kEmptyValue = 0xFF;
 constexpr unsigned kTerminator = 0xF0;
 constexpr unsigned kTwoTerminators = 0xFF;
+
+/// The encoding algorithm of plain text.
+constexpr std::uint32_t kCData = 10;
 
 void AppendNumber(std::string& octets, NumberRanges ranges, unsigned bits, std::uint64_t number)
 {
@@ -94,6 +98,7 @@ CFastInfosetWriter::~CFastInfosetWriter() = default;
 
 void CFastInfosetWriter::Close()
 {
+    RequireIntact();
     if (m_pending != nullptr)
         PushContext(std::move(m_pending));  // it is open, though its head isn't written
     CXmlWriter::Close();
@@ -133,6 +138,7 @@ void CFastInfosetWriter::WriteDocumentHeader(FInfoDecl declaration)
 
 void CFastInfosetWriter::WriteDocumentEnd()
 {
+    RequireIntact();
     Put(m_isTerminatorPending ? kTwoTerminators : kTerminator);
     Commit();
 }
@@ -147,9 +153,17 @@ void CFastInfosetWriter::WriteProcessingInstruction(std::u16string_view)
 
 void CFastInfosetWriter::WriteInLineSchema(std::u16string_view) {}
 
+/// An event that failed midway leaves octets behind, and no document can be made with them.
+void CFastInfosetWriter::RequireIntact() const
+{
+    if (!m_octets.empty())
+        throw CZqInvalidStateException(u"The Fast Infoset document has failed before");
+}
+
 // The head of an element says whether attributes follow, so it waits for the next event.
 void CFastInfosetWriter::FlushPendingElement(bool attributesFollow)
 {
+    RequireIntact();
     if (m_pending == nullptr)
         return;
     unsigned bits = 0;
@@ -215,6 +229,8 @@ void CFastInfosetWriter::CloseSibling()
 void CFastInfosetWriter::WriteStartElement(std::u16string_view name, std::u16string_view uri)
 {
     FlushPendingElement(false);
+    if (GetContext() == nullptr && m_isTerminatorPending)
+        throw CZqInvalidStateException(u"A Fast Infoset document has one root");
     std::unique_ptr<CXmlWriterContext> context = MakeContext(name, uri);
     CloseSibling();
     if (GetContext() != nullptr)
@@ -249,11 +265,20 @@ void CFastInfosetWriter::WriteEndElement()
     Commit();
 }
 
+/// The open element, whose head has announced attributes.
+CXmlWriter::CXmlWriterContext& CFastInfosetWriter::RequireAttributeList() const
+{
+    CXmlWriterContext& context = RequireStartTag();
+    if (!context.m_hasAttributes)
+        throw CZqException(u"Attributes must be added before elements");
+    return context;
+}
+
 void CFastInfosetWriter::WriteAttribute(std::u16string_view name, std::u16string_view uri,
                                         std::u16string_view value, ItemType type)
 {
     FlushPendingElement(true);
-    CXmlWriterContext& context = RequireStartTag();
+    CXmlWriterContext& context = RequireAttributeList();
     if (!uri.empty() && context.GetPrefix(uri).empty())
         context.SetNamespace(uri, CreateUniquePrefix(context.GetEffectiveNamespaces()));
     AppendQName(SNameForm::kAttribute, 0, context.GetPrefix(uri), uri, name,
@@ -292,7 +317,7 @@ void CFastInfosetWriter::DeclareForType(CXmlWriterContext& context, std::u16stri
 void CFastInfosetWriter::WriteXsiType(std::u16string_view uri, std::u16string_view typeName,
                                       ItemType type)
 {
-    CXmlWriterContext& context = m_pending != nullptr ? *m_pending : RequireStartTag();
+    CXmlWriterContext& context = m_pending != nullptr ? *m_pending : RequireAttributeList();
     if (uri.empty() || uri == context.GetEffectiveDefaultNamespace()) {
         WriteAttribute(u"type", kXsiNamespace, typeName, type);
         return;
@@ -388,8 +413,27 @@ void CFastInfosetWriter::AppendValue(const SStringForm& form, std::u16string_vie
         AppendNumber(m_octets, form.index, form.bits | form.isIndex, index);
         return;
     }
+    if (!IsKept(text, type)) {
+        AppendEncoded(form, form.bits, text, type);
+        return;
+    }
     AppendEncoded(form, form.bits | form.addToTable, text, type);
     CFIVocabulary::AddValueToMap(text, map);
+}
+
+// A reader's table gets the text that the octets stand for: "1.50" as a float is "1.5" there, and
+// must not be what another "1.50" refers to.
+bool CFastInfosetWriter::IsKept(std::u16string_view text, ItemType type) const
+{
+    const auto [kind, index] = m_settings->GetEncoding(type);
+    if (kind != 2 || index < 1 || index > kCData)
+        return true;
+    std::array<unsigned char, 8> number;
+    if (const std::size_t count = CFastInfosetBinaryData::EncodeNumber(index, text, number))
+        return CFastInfosetBinaryData::GetAsString(index, {number.data(), count}) == text;
+    CFastInfosetBinaryData data;
+    data.SetAsEncodedString(index, text);
+    return index == kCData || data.GetAsString(index) == text;
 }
 
 void CFastInfosetWriter::AppendEncoded(const SStringForm& form, unsigned bits,
@@ -416,8 +460,13 @@ void CFastInfosetWriter::AppendEncoded(const SStringForm& form, unsigned bits,
         break;
     }
     case 2: {
-        if (index < 1 || index > 10)
+        if (index < 1 || index > kCData)
             Fail(FormatString(u"Invalid Encoding Algorithm value [%d]", index));
+        std::array<unsigned char, 8> number;
+        if (const std::size_t count = CFastInfosetBinaryData::EncodeNumber(index, text, number)) {
+            append(form.algorithm, {number.data(), count});
+            break;
+        }
         CFastInfosetBinaryData data;
         data.SetAsEncodedString(index, text);
         append(form.algorithm, {data.GetData(), data.GetLength()});

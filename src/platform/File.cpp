@@ -2,7 +2,10 @@
 #include "TextEncodings.h"
 
 #include <cerrno>
+#include <csignal>
+#include <ctime>
 #include <fcntl.h>
+#include <pthread.h>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -22,6 +25,40 @@ int OpenDescriptor(std::u16string_view path, int flags, int& descriptor)
     } while (descriptor < 0 && errno == EINTR);
     return descriptor < 0 ? errno : 0;
 }
+
+/// Keeps the signals of a failed write (a limit on file size, a pipe without a reader) from this
+/// thread, so that the failure comes as an error code and not as the end of the process.
+class CSignalsOfWriting {
+public:
+    CSignalsOfWriting()
+    {
+        ::sigemptyset(&m_signals);
+        ::sigaddset(&m_signals, SIGPIPE);
+        ::sigaddset(&m_signals, SIGXFSZ);
+        sigset_t pending;
+        ::sigpending(&pending);
+        // What waits already is someone else's.
+        for (const int signal : {SIGPIPE, SIGXFSZ})
+            if (::sigismember(&pending, signal) == 1)
+                ::sigdelset(&m_signals, signal);
+        ::pthread_sigmask(SIG_BLOCK, &m_signals, &m_before);
+    }
+    CSignalsOfWriting(const CSignalsOfWriting&) = delete;
+    CSignalsOfWriting& operator=(const CSignalsOfWriting&) = delete;
+    ~CSignalsOfWriting()
+    {
+        const int error = errno;
+        const timespec now{};
+        while (::sigtimedwait(&m_signals, nullptr, &now) > 0)
+            ;
+        ::pthread_sigmask(SIG_SETMASK, &m_before, nullptr);
+        errno = error;
+    }
+
+private:
+    sigset_t m_signals;
+    sigset_t m_before;
+};
 
 }  // namespace
 
@@ -103,6 +140,7 @@ void CWriteFile::StartWrite(std::uint64_t offset, std::span<const std::byte> dat
 {
     m_written = 0;
     m_error = 0;
+    const CSignalsOfWriting signals;
     while (m_written < data.size()) {
         const std::span<const std::byte> rest = data.subspan(m_written);
         const ssize_t count = m_canSeek ? ::pwrite(m_descriptor, rest.data(), rest.size(),

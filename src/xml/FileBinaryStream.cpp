@@ -14,11 +14,14 @@ namespace {
 /// U+FEFF as UTF-16, least significant octet first.
 constexpr std::array<std::byte, 2> kMark{std::byte{0xFF}, std::byte{0xFE}};
 
-void ThrowIf(int error, const std::u16string& name)
+/// A failure closes the file.
+void ThrowIf(int error, CWriteFile& file, const std::u16string& name)
 {
-    if (error != 0)
-        throw CZqException(
-            FormatString(u"Failed to write data to the file [%s] error [0x%08X]", name, error));
+    if (error == 0)
+        return;
+    static_cast<void>(file.Close());
+    throw CZqException(
+        FormatString(u"Failed to write data to the file [%s] error [0x%08X]", name, error));
 }
 
 /// \return the octets written
@@ -27,7 +30,7 @@ std::size_t Write(CWriteFile& file, const std::u16string& name, std::uint64_t of
 {
     std::size_t count = 0;
     file.StartWrite(offset, data);
-    ThrowIf(file.FinishWrite(count), name);
+    ThrowIf(file.FinishWrite(count), file, name);
     return count;
 }
 
@@ -35,7 +38,7 @@ std::size_t Write(CWriteFile& file, const std::u16string& name, std::uint64_t of
 
 std::uint64_t OpenOutputFile(CWriteFile& file, const std::u16string& name, XmlEncoding encoding)
 {
-    ThrowIf(file.Open(name), name);
+    ThrowIf(file.Open(name), file, name);
     const bool hasMark = encoding == XmlEncoding_UTF16 || encoding == XmlEncoding_UTF16Undeclared;
     return hasMark ? Write(file, name, 0, kMark) : 0;
 }
@@ -53,7 +56,7 @@ void CFileBinaryStream::WriteToFile() const
     const std::uint64_t start = OpenOutputFile(file, m_fileName, m_encoding);
     const CBinaryData data = GetData();
     Write(file, m_fileName, start, ToOctets(data.GetData(), data.GetLength()));
-    ThrowIf(file.Close(), m_fileName);
+    ThrowIf(file.Close(), file, m_fileName);
 }
 
 }  // namespace ZqXmlLib9

@@ -47,8 +47,10 @@ void CFileTextStream::Flush()
 void CFileTextStream::Close()
 {
     Flush();
-    if (GetPendingLength() != 0)
+    if (GetPendingLength() != 0) {
+        static_cast<void>(m_file->Close());
         ThrowUnpairedSurrogate(*GetText(), m_flushedUnits);
+    }
     FinishWrite();
     ThrowIf(m_file->Close());
     CTextStream::Close();

@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <regex>
 #include <sys/resource.h>
 #include <sys/syscall.h>
@@ -132,7 +131,6 @@ TEST(Failure, SaysWhyAndLeavesNoHandleOpen)
 void WriteInLimits(EWay way, const CTempFile& file, bool mayOpen)
 {
     const rlimit limit{5000, 5000};
-    std::signal(SIGXFSZ, SIG_IGN);
     if (mayOpen ? ::setrlimit(RLIMIT_FSIZE, &limit) : ::setuid(65534))
         std::cerr << "not set: ";
     const Pieces pieces(3, std::u16string(2000, u'x'));

@@ -62,7 +62,8 @@ public:
     /// \throws CZqException  "ZLIB Compression only available for To Stream methods.", before
     ///         anything else; "Failed to write data to the file [%s] error [0x%08X]", or with
     ///         `AsyncToXmlFile` "Failed to write data to the file. Error [0x%08X]", with errno;
-    ///         else as `ToXmlStream`
+    ///         else as `ToXmlStream`. With `AsyncToXmlFile` a failure of the file or of half a
+    ///         surrogate pair may also be the innermost of a chain of `CZqValidationException`
     virtual void ToXmlFile(
         const char16_t* fileName, bool writeHeader = true, bool format = true,
         XmlEncoding encoding = XmlEncoding_UTF8, EOLType eol = EOLType_LF,

@@ -129,13 +129,14 @@ public:
     void SetMaxDepth(int levels) { m_maxDepth = levels; }
 
     /// How large a compressed document may be when it is inflated, in octets. Default 1 GiB: it
-    /// bounds the memory that a small document can make a program use. 4 GiB are refused whatever
-    /// stands here.
+    /// bounds the memory that a small document can make a program use, which is up to twice that.
+    /// 4 GiB are refused whatever stands here.
     std::uint64_t GetMaxInflatedSize() const { return m_maxInflatedSize; }
     void SetMaxInflatedSize(std::uint64_t octets) { m_maxInflatedSize = octets; }
     /// How many times its own size a Fast Infoset document may deliver in text by naming entries of
-    /// its tables, once that text has passed 8 MiB. Default 100: a short document that names a long
-    /// text a million times must not exhaust the memory.
+    /// its tables, once that text has passed 8 MiB; of each such text 64 code units don't count.
+    /// Default 100: a short document that names a long text a million times must not exhaust the
+    /// memory.
     int GetMaxAmplification() const { return m_maxAmplification; }
     void SetMaxAmplification(int times) { m_maxAmplification = times; }
 

@@ -5,6 +5,8 @@
 #include <ZqXmlLib9/Export.h>
 #include <ZqXmlLib9/types/BinaryData.h>
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -51,6 +53,12 @@ public:
 
 private:
     friend class CFastInfosetReader;
+    friend class CFastInfosetWriter;
+
+    /// The octets of a number or boolean, which need no buffer.
+    /// \return the count; 0 for an algorithm of another kind
+    static std::size_t EncodeNumber(std::uint32_t algorithm, std::u16string_view text,
+                                    std::array<unsigned char, 8>& octets);
 
     /// `GetAsString` of octets that lie elsewhere.
     static std::u16string GetAsString(std::uint32_t algorithm,

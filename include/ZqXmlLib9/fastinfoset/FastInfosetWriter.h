@@ -25,8 +25,11 @@ namespace ZqXmlLib9 {
 ///
 /// Comments, processing instructions and in-line schemas have no place in it. Namespaces are
 /// declared by the root, those that were registered before it; a prefix that is generated further
-/// down stands in names alone, which carry their URI anyway. What a stream holds after a failure
-/// is no document.
+/// down stands in names alone, which carry their URI anyway. A typed value that reads back as
+/// another text, "1.50" as a float, is written in full each time.
+///
+/// What a stream holds after a failure is no document; further calls then fail with
+/// `CZqInvalidStateException`, as a second root does.
 /// Source: ITU-T X.891.
 class ZQXMLLIB9_API CFastInfosetWriter : public CXmlWriter {
 public:
@@ -74,7 +77,10 @@ private:
     /// Hands what the event has put to the stream.
     void Commit();
 
+    void RequireIntact() const;
     void FlushPendingElement(bool attributesFollow);
+    CXmlWriterContext& RequireAttributeList() const;
+    bool IsKept(std::u16string_view text, ItemType type) const;
     void CloseAttributes();
     void CloseSibling();
     void WriteNamespaceAttributes(bool isRoot);

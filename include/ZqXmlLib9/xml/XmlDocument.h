@@ -23,7 +23,8 @@ class CXmlSerializationContext;
 
 /// Sees each complete element at its end tag, children before parents. True claims the element: it
 /// is taken out of the tree and freed with its subtree when the filter returns; the root stays all
-/// the same. It may throw; the load then fails with what it threw.
+/// the same. It may throw; the load then fails with what it threw. Fast Infoset documents have no
+/// use of it.
 using ElementFilter = bool (*)(CXmlElement* element);
 
 /// Makes the next loads from files read chunks of 128 KiB while the chunk before is parsed. Such
