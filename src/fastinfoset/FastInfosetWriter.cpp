@@ -433,7 +433,8 @@ bool CFastInfosetWriter::IsKept(std::u16string_view text, ItemType type) const
         return CFastInfosetBinaryData::GetAsString(index, {number.data(), count}) == text;
     CFastInfosetBinaryData data;
     data.SetAsEncodedString(index, text);
-    return index == kCData || data.GetAsString(index) == text;
+    // What has no octets is written as text.
+    return index == kCData || data.GetLength() == 0 || data.GetAsString(index) == text;
 }
 
 void CFastInfosetWriter::AppendEncoded(const SStringForm& form, unsigned bits,

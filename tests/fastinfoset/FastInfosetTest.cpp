@@ -269,7 +269,7 @@ TEST(Limits, HoldAtTheirNumbers)
 ///     ~p=u  ~=u         an alias; the default namespace
 ///     <a|u  @b|u=1#5    an element; an attribute of the item type 5
 ///     .x#5  >           a text, where "_" is a blank; the end of an element
-///     ^u  0             the type T of a namespace; nil
+///     ^u  0  ?          the type T of a namespace; nil; a processing instruction
 std::string Write(const std::string& events, const CFastInfosetContext& settings)
 {
     CBinaryStream stream;
@@ -295,6 +295,7 @@ std::string Write(const std::string& events, const CFastInfosetContext& settings
             case '^': writer.WriteXsiType(name, u"T", ItemType_string); break;
             case '0': writer.WriteXsiNil(); break;
             case '>': writer.WriteEndElement(); break;
+            case '?': writer.WriteProcessingInstruction(name); break;
             default:
                 name.empty() ? writer.SetDefaultNamespace(value)
                              : writer.AddNamespaceAlias(name, value);
@@ -330,6 +331,7 @@ const std::string kNothingShort = R"(
 const std::string kSuggested = R"(
     <a .123#5 .123#5 .-1.5#25 .123 > = 38F03C0061 9C0E01 0000007B A0 9801A1C5 A0 FF
     <a .10:00Z#21 .300#7 .__#2 .TWFu#2 > = 38F03C0061 88060010B00D 9C09012C 91'  ' 9C0600'Man' FF
+    <a .1.50#11 .1.50 .1.50#11 > = 38F03C0061 8C1A013FC00000 9201'1.50' A0 FF
     <a @b=1#4 @c=-12#26 0 > = 78F03C0061 78006270210001 7800636001A12F 7B01'AA'XSI02'nil'705038 F0FF
 )";
 // And what fails under the suggested encodings.
@@ -337,6 +339,8 @@ const std::string kFailing = R"(
     <a .x @b=1 = Attributes must be added before elements
     <a .x ^u = Attributes must be added before elements
     <a .x 0 = Attributes must be added before elements
+    <a ? @b=1 = Attributes must be added before elements
+    <a > <b = A Fast Infoset document has one root
     <a .P1Y#13 = Failed to write FastInfoset. Invalid character not found for Restricted Alphabet.
     < > = Failed to write FastInfoset. An empty name can not be written.
     > = There is no open element ;; <a = An Element has not been closed.
