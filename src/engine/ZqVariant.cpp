@@ -18,7 +18,7 @@ namespace {
 }  // namespace
 
 /// What is known of a type: its word and the two ways to its text.
-struct ZqVariant::SKind {
+struct __attribute__((visibility("hidden"))) ZqVariant::SKind {
     const char16_t* word;
     std::u16string (*print)(const Payload& value, const char16_t* format);
     Payload (*read)(std::u16string_view text, CWhitespaceUtils::WhitespaceRule rule);

@@ -51,7 +51,7 @@ void AppendNumber(std::string& octets, NumberRanges ranges, unsigned bits, std::
 }  // namespace
 
 /// The forms of a name: on the third bit of an octet for elements, on the second for attributes.
-struct CFastInfosetWriter::SNameForm {
+struct __attribute__((visibility("hidden"))) CFastInfosetWriter::SNameForm {
     NumberRanges index;
     unsigned literal;
 
@@ -63,7 +63,7 @@ constexpr CFastInfosetWriter::SNameForm CFastInfosetWriter::SNameForm::kElement{
 constexpr CFastInfosetWriter::SNameForm CFastInfosetWriter::SNameForm::kAttribute{kIndexBit2, 0x78};
 
 /// The forms of a value: on the third bit of an octet for text, on the first for attributes.
-struct CFastInfosetWriter::SStringForm {
+struct __attribute__((visibility("hidden"))) CFastInfosetWriter::SStringForm {
     unsigned bits;  ///< of every first octet
     unsigned isIndex;
     NumberRanges index;

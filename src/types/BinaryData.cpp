@@ -68,7 +68,7 @@ std::span<const std::byte> ToOctets(const void* data, std::uint32_t length)
     return {static_cast<const std::byte*>(data), length};
 }
 
-class CBinaryData::CBinaryDataBuffer {
+class __attribute__((visibility("hidden"))) CBinaryData::CBinaryDataBuffer {
 public:
     /// Copies, with room to grow.
     explicit CBinaryDataBuffer(std::span<const std::byte> data)
