@@ -2,7 +2,7 @@
 
 gdb loads this file with the library where it is installed; by hand: `source ZqXmlLib9U-gdb.py`.
 The printers read memory only, so they work on core files too. They need the debug information of
-the library. A value that memory holds in no valid form is shown field by field.
+the library.
 """
 
 import gdb
@@ -73,7 +73,9 @@ class Decimal(Printer):
 
 
 class DateTime(Printer):
-    DATES = {1: "%Y-%m-%d", 2: "%Y-%m-%d", 3: "%Y-%m", 4: "%Y", 5: "", 6: "---%d", 7: "--%m", 8: "--%m-%d"}
+    # By the numbers of DTType; 1 and 5 have a time too.
+    DATES = {1: "%Y-%m-%d", 2: "%Y-%m-%d", 3: "%Y-%m", 4: "%Y",
+             5: "", 6: "---%d", 7: "--%m", 8: "--%m-%d"}
 
     def to_string(self):
         kind = self.number("m_type")
@@ -97,11 +99,13 @@ class DateTime(Printer):
 class DateTimeSpan(Printer):
     """The fields as they are counted: 5000 milliseconds are not made seconds."""
 
-    FIELDS = (("m_years", "Y"), ("m_months", "M"), ("m_days", "D"), ("m_hours", "H"), ("m_minutes", "M"),
-              ("m_seconds", "S"), ("m_milliSeconds", "ms"), ("m_microSeconds", "us"), ("m_nanoSeconds", "ns"))
+    FIELDS = (("m_years", "Y"), ("m_months", "M"), ("m_days", "D"),
+              ("m_hours", "H"), ("m_minutes", "M"), ("m_seconds", "S"),
+              ("m_milliSeconds", "ms"), ("m_microSeconds", "us"), ("m_nanoSeconds", "ns"))
 
     def to_string(self):
-        parts = ["%d%s" % (self.number(n), u) if self.number(n) else "" for n, u in self.FIELDS]
+        parts = ["%d%s" % (self.number(name), unit) if self.number(name) else ""
+                 for name, unit in self.FIELDS]
         date, time = "".join(parts[:3]), "".join(parts[3:])
         return "-" * bool(self.value["m_negative"]) + "P" + date + ("T" + time if time else "")
 
