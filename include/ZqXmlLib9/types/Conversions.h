@@ -77,7 +77,7 @@ public:
     /// `FormatString` for a double; null stands for `%.7g` and `%.16g`.
     ///
     /// Reading takes white space in front, then a decimal number, or the words inf, infinity and
-    /// nan in any case; NaN, 1.#QNAN, -NAN and an empty text are NaN. What is too large for the
+    /// nan in any case; NaN, `1.#QNAN`, -NAN and an empty text are NaN. What is too large for the
     /// type is an infinity, what is too small 0; an `r4` is read as an `r8` and then narrowed.
     /// \throws CZqInvalidParamException  for a format that doesn't print a double
     /// \throws CZqInvalidValueException  "The value [%s] can not be converted to a r8", or a r4
