@@ -2,28 +2,10 @@
 
 #include "Gpx.h"
 
-#include <algorithm>
-#include <string_view>
+#include <array>
 
 namespace Gpx {
 namespace {
-
-const char16_t* FixToWord(int fix)
-{
-    if (fix < 0 || static_cast<std::size_t>(fix) >= kFixWords.size())
-        throw ZqXmlLib9::CZqInvalidValueException(
-            ZqXmlLib9::FormatString(u"The fix %d has no word", fix));
-    return kFixWords[static_cast<std::size_t>(fix)];
-}
-
-int FixFromWord(const char16_t* word)
-{
-    const auto* const found = std::ranges::find(kFixWords, std::u16string_view(word));
-    if (found == kFixWords.end())
-        throw ZqXmlLib9::CZqInvalidValueException(
-            ZqXmlLib9::FormatString(u"The fix [%s] is not one of none, 2d, 3d, dgps, pps", word));
-    return static_cast<int>(found - kFixWords.begin());
-}
 
 /// The properties of routes and tracks, and the children of one of them.
 constexpr std::array<SProperty, 9> PathWith(const SProperty& children)
@@ -41,57 +23,57 @@ constexpr std::array<SProperty, 9> PathWith(const SProperty& children)
 
 }  // namespace
 
-CGpxClass::CTable& CExtensions::GetTable() const
+CTableClass::CTable& CExtensions::GetTable() const
 {
     static constexpr SProperty properties[] = {OpenContent<&CExtensions::m_elements>()};
-    static CTable table(u"extensionsType", properties);
+    static CTable table(u"extensionsType", kNamespace, properties);
     return table;
 }
 
-CGpxClass::CTable& CLink::GetTable() const
+CTableClass::CTable& CLink::GetTable() const
 {
     static constexpr SProperty properties[] = {
         Attribute<&CLink::m_href>(u"href", kUri),
         Element<&CLink::m_text>(u"text"),
         Element<&CLink::m_type>(u"type"),
     };
-    static CTable table(u"linkType", properties);
+    static CTable table(u"linkType", kNamespace, properties);
     return table;
 }
 
-CGpxClass::CTable& CEmail::GetTable() const
+CTableClass::CTable& CEmail::GetTable() const
 {
     static constexpr SProperty properties[] = {
         Attribute<&CEmail::m_id>(u"id"),
         Attribute<&CEmail::m_domain>(u"domain"),
     };
-    static CTable table(u"emailType", properties);
+    static CTable table(u"emailType", kNamespace, properties);
     return table;
 }
 
-CGpxClass::CTable& CPerson::GetTable() const
+CTableClass::CTable& CPerson::GetTable() const
 {
     static constexpr SProperty properties[] = {
         Element<&CPerson::m_name>(u"name"),
         Child<&CPerson::m_email>(u"email"),
         Child<&CPerson::m_link>(u"link"),
     };
-    static CTable table(u"personType", properties);
+    static CTable table(u"personType", kNamespace, properties);
     return table;
 }
 
-CGpxClass::CTable& CCopyright::GetTable() const
+CTableClass::CTable& CCopyright::GetTable() const
 {
     static constexpr SProperty properties[] = {
         Attribute<&CCopyright::m_author>(u"author"),
         Element<&CCopyright::m_year>(u"year"),
         Element<&CCopyright::m_license>(u"license", kUri),
     };
-    static CTable table(u"copyrightType", properties);
+    static CTable table(u"copyrightType", kNamespace, properties);
     return table;
 }
 
-CGpxClass::CTable& CBounds::GetTable() const
+CTableClass::CTable& CBounds::GetTable() const
 {
     static constexpr SProperty properties[] = {
         Attribute<&CBounds::m_minlat>(u"minlat"),
@@ -99,11 +81,11 @@ CGpxClass::CTable& CBounds::GetTable() const
         Attribute<&CBounds::m_maxlat>(u"maxlat"),
         Attribute<&CBounds::m_maxlon>(u"maxlon"),
     };
-    static CTable table(u"boundsType", properties);
+    static CTable table(u"boundsType", kNamespace, properties);
     return table;
 }
 
-CGpxClass::CTable& CMetadata::GetTable() const
+CTableClass::CTable& CMetadata::GetTable() const
 {
     static constexpr SProperty properties[] = {
         Element<&CMetadata::m_name>(u"name"),
@@ -116,11 +98,11 @@ CGpxClass::CTable& CMetadata::GetTable() const
         Child<&CMetadata::m_bounds>(u"bounds"),
         Child<&CMetadata::m_extensions>(u"extensions"),
     };
-    static CTable table(u"metadataType", properties);
+    static CTable table(u"metadataType", kNamespace, properties);
     return table;
 }
 
-CGpxClass::CTable& CWaypoint::GetTable() const
+CTableClass::CTable& CWaypoint::GetTable() const
 {
     static constexpr SProperty properties[] = {
         Attribute<&CWaypoint::m_lat>(u"lat"),
@@ -136,7 +118,7 @@ CGpxClass::CTable& CWaypoint::GetTable() const
         Children<&CWaypoint::m_links>(u"link"),
         Element<&CWaypoint::m_sym>(u"sym"),
         Element<&CWaypoint::m_type>(u"type"),
-        Enumeration<&CWaypoint::m_fix, FixToWord, FixFromWord>(u"fix"),
+        Enumeration<&CWaypoint::m_fix, kFixWords>(u"fix"),
         Element<&CWaypoint::m_sat>(u"sat"),
         Element<&CWaypoint::m_hdop>(u"hdop"),
         Element<&CWaypoint::m_vdop>(u"vdop"),
@@ -145,35 +127,35 @@ CGpxClass::CTable& CWaypoint::GetTable() const
         Element<&CWaypoint::m_dgpsid>(u"dgpsid"),
         Child<&CWaypoint::m_extensions>(u"extensions"),
     };
-    static CTable table(u"wptType", properties);
+    static CTable table(u"wptType", kNamespace, properties);
     return table;
 }
 
-CGpxClass::CTable& CRoute::GetTable() const
+CTableClass::CTable& CRoute::GetTable() const
 {
     static constexpr auto properties = PathWith(Children<&CRoute::m_points>(u"rtept"));
-    static CTable table(u"rteType", properties);
+    static CTable table(u"rteType", kNamespace, properties);
     return table;
 }
 
-CGpxClass::CTable& CTrackSegment::GetTable() const
+CTableClass::CTable& CTrackSegment::GetTable() const
 {
     static constexpr SProperty properties[] = {
         Children<&CTrackSegment::m_points>(u"trkpt"),
         Child<&CTrackSegment::m_extensions>(u"extensions"),
     };
-    static CTable table(u"trksegType", properties);
+    static CTable table(u"trksegType", kNamespace, properties);
     return table;
 }
 
-CGpxClass::CTable& CTrack::GetTable() const
+CTableClass::CTable& CTrack::GetTable() const
 {
     static constexpr auto properties = PathWith(Children<&CTrack::m_segments>(u"trkseg"));
-    static CTable table(u"trkType", properties);
+    static CTable table(u"trkType", kNamespace, properties);
     return table;
 }
 
-CGpxClass::CTable& CGpx::GetTable() const
+CTableClass::CTable& CGpx::GetTable() const
 {
     static constexpr SProperty properties[] = {
         Attribute<&CGpx::m_version>(u"version"),   Attribute<&CGpx::m_creator>(u"creator"),
@@ -181,7 +163,7 @@ CGpxClass::CTable& CGpx::GetTable() const
         Children<&CGpx::m_routes>(u"rte"),         Children<&CGpx::m_tracks>(u"trk"),
         Child<&CGpx::m_extensions>(u"extensions"),
     };
-    static CTable table(u"gpxType", properties);
+    static CTable table(u"gpxType", kNamespace, properties);
     return table;
 }
 

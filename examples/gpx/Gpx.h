@@ -5,18 +5,20 @@
 // thread at a time.
 #pragma once
 
-#include "GpxClass.h"
+#include "../common/TableClass.h"
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
 
 namespace Gpx {
 
+using namespace Examples;
+
+/// The namespace of GPX 1.1 and of all its elements; its attributes have none.
+inline constexpr char16_t kNamespace[] = u"http://www.topografix.com/GPX/1/1";
+
 using Text = std::optional<std::u16string>;
-template <typename T>
-using Collection = CSmartPtr<CXmlObjectCollection<T>>;
 
 /// How a position was found.
 enum FixType : std::int32_t {
@@ -28,12 +30,12 @@ enum FixType : std::int32_t {
 };
 
 /// The words of the document, in the order of `FixType`.
-inline constexpr std::array<const char16_t*, 5> kFixWords{u"none", u"2d", u"3d", u"dgps", u"pps"};
+inline constexpr SWords<5> kFixWords{u"fix", {u"none", u"2d", u"3d", u"dgps", u"pps"}};
 
 /// Elements of other vocabularies.
-class CExtensions final : public CGpxClass {
+class CExtensions final : public CTableClass {
 public:
-    explicit CExtensions(const char16_t* elementName = u"extensions") : CGpxClass(elementName)
+    explicit CExtensions(const char16_t* elementName = u"extensions") : CTableClass(elementName)
     {
         Init();
     }
@@ -44,9 +46,9 @@ protected:
     CTable& GetTable() const override;
 };
 
-class CLink final : public CGpxClass {
+class CLink final : public CTableClass {
 public:
-    explicit CLink(const char16_t* elementName = u"link") : CGpxClass(elementName) { Init(); }
+    explicit CLink(const char16_t* elementName = u"link") : CTableClass(elementName) { Init(); }
 
     std::u16string m_href;
     Text m_text;
@@ -57,9 +59,9 @@ protected:
 };
 
 /// An address in two halves, which keeps it from those who harvest addresses.
-class CEmail final : public CGpxClass {
+class CEmail final : public CTableClass {
 public:
-    explicit CEmail(const char16_t* elementName = u"email") : CGpxClass(elementName) { Init(); }
+    explicit CEmail(const char16_t* elementName = u"email") : CTableClass(elementName) { Init(); }
 
     std::u16string m_id;
     std::u16string m_domain;
@@ -68,9 +70,9 @@ protected:
     CTable& GetTable() const override;
 };
 
-class CPerson final : public CGpxClass {
+class CPerson final : public CTableClass {
 public:
-    explicit CPerson(const char16_t* elementName = u"author") : CGpxClass(elementName) { Init(); }
+    explicit CPerson(const char16_t* elementName = u"author") : CTableClass(elementName) { Init(); }
 
     Text m_name;
     CSmartPtr<CEmail> m_email;
@@ -80,9 +82,9 @@ protected:
     CTable& GetTable() const override;
 };
 
-class CCopyright final : public CGpxClass {
+class CCopyright final : public CTableClass {
 public:
-    explicit CCopyright(const char16_t* elementName = u"copyright") : CGpxClass(elementName)
+    explicit CCopyright(const char16_t* elementName = u"copyright") : CTableClass(elementName)
     {
         Init();
     }
@@ -96,9 +98,9 @@ protected:
 };
 
 /// The corners of all that a document holds, in degrees.
-class CBounds final : public CGpxClass {
+class CBounds final : public CTableClass {
 public:
-    explicit CBounds(const char16_t* elementName = u"bounds") : CGpxClass(elementName) { Init(); }
+    explicit CBounds(const char16_t* elementName = u"bounds") : CTableClass(elementName) { Init(); }
 
     CDecimal m_minlat;
     CDecimal m_minlon;
@@ -109,9 +111,9 @@ protected:
     CTable& GetTable() const override;
 };
 
-class CMetadata final : public CGpxClass {
+class CMetadata final : public CTableClass {
 public:
-    explicit CMetadata(const char16_t* elementName = u"metadata") : CGpxClass(elementName)
+    explicit CMetadata(const char16_t* elementName = u"metadata") : CTableClass(elementName)
     {
         Init();
     }
@@ -131,9 +133,9 @@ protected:
 };
 
 /// A point: a waypoint, a point of a route or of a track.
-class CWaypoint final : public CGpxClass {
+class CWaypoint final : public CTableClass {
 public:
-    explicit CWaypoint(const char16_t* elementName = u"wpt") : CGpxClass(elementName) { Init(); }
+    explicit CWaypoint(const char16_t* elementName = u"wpt") : CTableClass(elementName) { Init(); }
 
     CDecimal m_lat;                         ///< degrees, WGS 84; north is positive
     CDecimal m_lon;                         ///< degrees, WGS 84; east is positive
@@ -162,7 +164,7 @@ protected:
 };
 
 /// What routes and tracks have in common; the schema says it twice.
-class CPath : public CGpxClass {
+class CPath : public CTableClass {
 public:
     Text m_name;
     Text m_cmt;
@@ -174,7 +176,7 @@ public:
     CSmartPtr<CExtensions> m_extensions;
 
 protected:
-    using CGpxClass::CGpxClass;
+    using CTableClass::CTableClass;
 };
 
 /// A way to go.
@@ -189,9 +191,9 @@ protected:
 };
 
 /// A stretch that was recorded without a break.
-class CTrackSegment final : public CGpxClass {
+class CTrackSegment final : public CTableClass {
 public:
-    explicit CTrackSegment(const char16_t* elementName = u"trkseg") : CGpxClass(elementName)
+    explicit CTrackSegment(const char16_t* elementName = u"trkseg") : CTableClass(elementName)
     {
         Init();
     }
@@ -215,9 +217,9 @@ protected:
 };
 
 /// The document.
-class CGpx final : public CGpxClass {
+class CGpx final : public CTableClass {
 public:
-    explicit CGpx(const char16_t* elementName = u"gpx") : CGpxClass(elementName) { Init(); }
+    explicit CGpx(const char16_t* elementName = u"gpx") : CTableClass(elementName) { Init(); }
 
     std::u16string m_version;
     std::u16string m_creator;

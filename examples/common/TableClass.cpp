@@ -1,36 +1,47 @@
-#include "GpxClass.h"
+#include "TableClass.h"
 
 #include <mutex>
 
-namespace Gpx {
+namespace Examples {
 
-void CGpxClass::AccessProperty(int propertyIndex, bool read, ZqVariant& value)
+void CTableClass::AccessProperty(int propertyIndex, bool read, ZqVariant& value)
 {
     GetTable().GetProperties()[static_cast<std::size_t>(propertyIndex)].access(*this, read, value);
 }
 
-void CGpxClass::Init()
+void CTableClass::Init()
 {
-    for (const SProperty& property : GetTable().GetProperties())
-        property.reset(property, *this);
+    const CTable& table = GetTable();
+    for (const SProperty& property : table.GetProperties())
+        property.reset(property, table.GetNamespace(), *this);
 }
 
-CParentElementInfo* CGpxClass::GetClassInfo() const
+std::u16string CTableClass::GetTargetNamespace() const
+{
+    return GetTable().GetNamespace();
+}
+
+std::u16string CTableClass::GetNamespace() const
+{
+    return GetTable().GetNamespace();
+}
+
+CParentElementInfo* CTableClass::GetClassInfo() const
 {
     return GetTable().GetMetadata().parent;
 }
 
-CElementInfo** CGpxClass::GetClassElementInfo() const
+CElementInfo** CTableClass::GetClassElementInfo() const
 {
     return GetTable().GetMetadata().elements;
 }
 
-CAttributeInfo** CGpxClass::GetClassAttributeInfo() const
+CAttributeInfo** CTableClass::GetClassAttributeInfo() const
 {
     return GetTable().GetMetadata().attributes;
 }
 
-const CGpxClass::CTable::SMetadata& CGpxClass::CTable::GetMetadata()
+const CTableClass::CTable::SMetadata& CTableClass::CTable::GetMetadata()
 {
     // The engine asks several times per element: the lock is for the first time alone.
     if (!m_isBuilt.load(std::memory_order_acquire)) {
@@ -43,7 +54,7 @@ const CGpxClass::CTable::SMetadata& CGpxClass::CTable::GetMetadata()
     return m_metadata;
 }
 
-void CGpxClass::CTable::Build()
+void CTableClass::CTable::Build()
 {
     Clean();  // what a build left behind that ran out of memory
     // Null entries end the arrays, however many of the records are elements or attributes.
@@ -55,14 +66,14 @@ void CGpxClass::CTable::Build()
         if (property.makeAttribute != nullptr)
             *attribute++ = property.makeAttribute(property, index);
         else
-            *element++ = property.makeElement(property, index);
+            *element++ = property.makeElement(property, m_namespace, index);
         ++index;
     }
     m_metadata.parent =
         new CParentElementInfo(ZqXmlLib9Data::XmlElementGroupType_Sequence,
-                               ZqXmlLib9Data::XmlElementType_Element, m_typeName, kNamespace,
+                               ZqXmlLib9Data::XmlElementType_Element, m_typeName, m_namespace,
                                /*elementTextPropertyIndex*/ -1, /*failIfAttributeUnknown*/ true,
                                /*hasBaseClasses*/ false);
 }
 
-}  // namespace Gpx
+}  // namespace Examples
