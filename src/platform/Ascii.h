@@ -1,10 +1,15 @@
-// Comparison of ASCII words, whatever the locale.
+// ASCII digits and words, whatever the locale.
 #pragma once
 
 #include <algorithm>
 #include <string_view>
 
 namespace ZqXmlLib9 {
+
+constexpr bool IsDigit(char16_t c) noexcept
+{
+    return c >= u'0' && c <= u'9';
+}
 
 /// \param word  in lower case
 inline bool EqualsIgnoringCase(std::u16string_view text, std::u16string_view word)

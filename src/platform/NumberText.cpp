@@ -1,4 +1,5 @@
 #include "NumberText.h"
+#include "Ascii.h"
 
 #include <algorithm>
 #include <array>
@@ -11,11 +12,6 @@ namespace {
 
 /// The white space of the "C" locale.
 constexpr std::u16string_view kBlanks = u" \t\n\v\f\r";
-
-constexpr bool IsDigit(char16_t c)
-{
-    return c >= u'0' && c <= u'9';
-}
 
 /// Where blanks and a sign end.
 std::size_t SkipToNumber(std::u16string_view text, bool& isNegative)

@@ -1,5 +1,7 @@
 #include "DigitArithmetic.h"
 
+#include "../platform/Ascii.h"
+
 #include <ZqXmlLib9/engine/Exceptions.h>
 #include <ZqXmlLib9/engine/Text.h>
 #include <ZqXmlLib9/types/BigInteger.h>
@@ -11,11 +13,6 @@
 
 namespace ZqXmlLib9 {
 namespace {
-
-constexpr bool IsDigit(char16_t c)
-{
-    return c >= u'0' && c <= u'9';
-}
 
 constexpr std::u16string_view kPlainCharacters = u"0123456789-+ \n\r\t";
 

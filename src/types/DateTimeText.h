@@ -2,6 +2,8 @@
 // have.
 #pragma once
 
+#include "../platform/Ascii.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -11,11 +13,6 @@ namespace ZqXmlLib9 {
 
 /// \throws CZqInvalidValueException  `failure` if `text` is null
 std::u16string_view Required(const char16_t* text, const char16_t* failure);
-
-constexpr bool IsDigit(char16_t c) noexcept
-{
-    return c >= u'0' && c <= u'9';
-}
 
 /// Takes the digits at the front of `text`: 1 to 3 are milliseconds, 4 to 6 micro, 7 to 9 nano.
 /// \param milli, micro, nano  0 before

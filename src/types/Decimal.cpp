@@ -1,6 +1,7 @@
 // Decimals as one whole number and the place of its point, so that every operation is one on
 // integers, or a cut in a row of digits.
 
+#include "../platform/Ascii.h"
 #include "../platform/NumberText.h"
 
 #include <ZqXmlLib9/engine/Exceptions.h>
@@ -27,11 +28,6 @@ constexpr std::int32_t kGuardPlaces = 2;
 constexpr std::int32_t kMaxPlacesCap = 1'000'000'000;
 
 constinit std::atomic<std::int32_t> s_maxPlaces = 30;
-
-constexpr bool IsDigit(char16_t c)
-{
-    return c >= u'0' && c <= u'9';
-}
 
 std::size_t ToCount(std::int64_t number)
 {
