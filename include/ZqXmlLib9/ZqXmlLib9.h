@@ -73,5 +73,6 @@
 #include <ZqXmlLib9/xml/XmlAttribute.h>
 #include <ZqXmlLib9/xml/XmlDocument.h>
 #include <ZqXmlLib9/xml/XmlElement.h>
+#include <ZqXmlLib9/xml/XmlName.h>
 #include <ZqXmlLib9/xml/XmlTextWriter.h>
 #include <ZqXmlLib9/xml/XmlWriter.h>

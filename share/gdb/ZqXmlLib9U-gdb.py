@@ -37,6 +37,11 @@ def vector_of(value):
     return begin, int(end - begin)
 
 
+def pointer_in(owner, target):
+    """The pointer that a std::unique_ptr holds."""
+    return owner.address.cast(target.pointer().pointer()).dereference()
+
+
 def digits_of(number):
     """The sign and the decimal digits of a CBigInteger; they are stored last one first."""
     begin, count = vector_of(number["m_digits"])
@@ -116,8 +121,7 @@ class BinaryData(Printer):
         if not buffer:
             return "no buffer"
         length = int(buffer["m_length"])
-        octet = gdb.lookup_type("unsigned char")  # a unique_ptr is one pointer
-        data = buffer["m_data"].address.cast(octet.pointer().pointer()).dereference()
+        data = pointer_in(buffer["m_data"], gdb.lookup_type("unsigned char"))
         return "%d octets %s" % (length, cut(memory(data, min(length, MAX_SHOWN)).hex(), length))
 
 
@@ -139,13 +143,16 @@ class Variant(Printer):
         payload = self.value["m_payload"]
         held = payload.type.strip_typedefs().template_argument(int(payload["_M_index"]))
         held_value = payload["_M_u"].address.cast(held.pointer()).dereference()
-        is_text = "basic_string" in str(held.strip_typedefs())
+        if str(held).endswith("SLentText"):
+            held_value = held_value["text"].dereference()
+        is_text = "basic_string" in str(held_value.type.strip_typedefs())
         return "%s %s" % (kind, quoted(held_value) if is_text else held_value.format_string())
 
 
 def name_of(node):
-    uri = text_of(node["m_namespaceUri"])
-    return ("{%s}" % uri if uri else "") + text_of(node["m_localName"])
+    name = node["m_name"].dereference()
+    uri = text_of(name["uri"].dereference())
+    return ("{%s}" % uri if uri else "") + text_of(name["localName"])
 
 
 class XmlAttribute(Printer):
@@ -157,7 +164,9 @@ class XmlElement(Printer):
     """Name, attributes and text, and the children within the limits of gdb's settings."""
 
     def to_string(self):
-        begin, count = vector_of(self.value["m_attributes"])
+        owner = self.value["m_attributes"]
+        held = pointer_in(owner, owner.type.strip_typedefs().template_argument(0))
+        begin, count = vector_of(held.dereference()) if held else (None, 0)
         attributes = [(begin + i).dereference().dereference() for i in range(min(count, MAX_SHOWN))]
         words = [name_of(self.value)] + [XmlAttribute(a).to_string() for a in attributes]
         return "<%s> %s" % (" ".join(words), quoted(self.value["m_text"]))

@@ -1,6 +1,7 @@
 #include "FastInfosetReader.h"
 
 #include "../platform/TextEncodings.h"
+#include "../xml/XmlTree.h"
 
 #include <ZqXmlLib9/engine/Exceptions.h>
 #include <ZqXmlLib9/engine/FormatString.h>
@@ -295,11 +296,10 @@ void CFastInfosetReader::ReadElement(unsigned octet)
     bool isRead = StartElement(octet) && CloseElement();
     while (!isRead) {
         octet = ReadOctet();
-        CXmlElement* const element = m_document->GetOpenElement();
         if (IsElement(octet))
             isRead = StartElement(octet) && CloseElement();
         else if (IsChunk(octet))
-            ReadChunk(element, octet);
+            ReadChunk(octet);
         else if (octet == kTerminator)
             isRead = CloseElement();
         else if (octet == kTwoTerminators)
@@ -330,10 +330,9 @@ bool CFastInfosetReader::StartElement(unsigned octet)
     if ((octet & 0x3C) == 0x3C)
         ReadLiteralQName(octet, m_vocabulary->m_elementNames);
     else
-        ReadIndexedQName(kIndexBit3, octet & 0x3F, kIndexBit3Failed, m_vocabulary->m_elementNames);
-    CXmlElement* const element = m_document->GetDocumentElement() == nullptr
-                                     ? m_document->AddDocElement(m_nameSpace, m_localName)
-                                     : m_document->AddChildElement(m_nameSpace, m_localName);
+        ReadIndexedQName(kIndexBit3, octet & 0x3F, kIndexBit3Failed, m_vocabulary->m_elementNames,
+                         m_elementNames);
+    CXmlElement* const element = m_document->AddElement(m_name);
     if (!hasAttributes)
         return false;
     for (octet = ReadOctet(); IsElement(octet); octet = ReadOctet())
@@ -344,8 +343,8 @@ bool CFastInfosetReader::StartElement(unsigned octet)
 /// \return whether it was the root
 bool CFastInfosetReader::CloseElement()
 {
-    m_document->m_openElements.pop_back();
-    return m_document->m_openElements.empty();
+    m_document->GetTree().Close();
+    return m_document->GetTree().GetDepth() == 0;
 }
 
 void CFastInfosetReader::ReadNamespaceAttribute(unsigned octet)
@@ -360,16 +359,17 @@ void CFastInfosetReader::ReadAttribute(CXmlElement* element, unsigned octet)
     if ((octet & 0x78) == 0x78)
         ReadLiteralQName(octet, m_vocabulary->m_attributeNames);
     else
-        ReadIndexedQName(kIndexBit2, octet, kIndexBit2Failed, m_vocabulary->m_attributeNames);
+        ReadIndexedQName(kIndexBit2, octet, kIndexBit2Failed, m_vocabulary->m_attributeNames,
+                         m_attributeNames);
     const bool isIndex = ReadNonIdentifyingStringBit1();
-    CXmlDocument::AddElementAttribute(
-        element, m_localName, TakeValue(isIndex, m_vocabulary->m_attributeValues), m_nameSpace);
+    m_document->GetTree().AddAttribute(element, m_name,
+                                       TakeValue(isIndex, m_vocabulary->m_attributeValues));
 }
 
-void CFastInfosetReader::ReadChunk(CXmlElement* element, unsigned octet)
+void CFastInfosetReader::ReadChunk(unsigned octet)
 {
     const bool isIndex = ReadNonIdentifyingStringBit3(octet);
-    CXmlDocument::AppendTextExcludingCR(element, TakeValue(isIndex, m_vocabulary->m_chunks));
+    m_document->AppendTextExcludingCR(TakeValue(isIndex, m_vocabulary->m_chunks));
 }
 
 /// The value that was read: from its table, or into it if it says so.
@@ -384,14 +384,19 @@ std::u16string_view CFastInfosetReader::TakeValue(bool isIndex, Table& table)
 
 void CFastInfosetReader::ReadIndexedQName(NumberRanges ranges, unsigned bits,
                                           const char16_t* failure,
-                                          const CFIVocabulary::CFIQNameTable& table)
+                                          const CFIVocabulary::CFIQNameTable& table, Names& names)
 {
     ReadIndex(ranges, bits, failure);
     const CFIVocabulary::CQNameParts& parts = At(table, m_index);
-    m_nameSpace.clear();
-    if (parts.nameSpace != 0)
-        m_nameSpace = Deliver(At(m_vocabulary->m_nameSpaces, parts.nameSpace));
-    m_localName = Deliver(At(m_vocabulary->m_localNames, parts.localName));
+    const std::u16string_view uri = parts.nameSpace != 0
+                                        ? Deliver(At(m_vocabulary->m_nameSpaces, parts.nameSpace))
+                                        : std::u16string_view();
+    const std::u16string_view localName = Deliver(At(m_vocabulary->m_localNames, parts.localName));
+    if (names.size() < m_index)
+        names.resize(table.m_entries.size());
+    m_name = names[m_index - 1];
+    if (m_name == nullptr)
+        m_name = names[m_index - 1] = m_document->GetTree().FindName(uri, localName);
 }
 
 void CFastInfosetReader::ReadLiteralQName(unsigned octet, CFIVocabulary::CFIQNameTable& table)
@@ -405,6 +410,7 @@ void CFastInfosetReader::ReadLiteralQName(unsigned octet, CFIVocabulary::CFIQNam
         ReadNamePart(hasNamespace, m_vocabulary->m_nameSpaces, m_nameSpace);
     const std::uint32_t localName = ReadNamePart(true, m_vocabulary->m_localNames, m_localName);
     CFIVocabulary::AddQNameToVector(prefix, nameSpace, localName, table);
+    m_name = m_document->GetTree().FindName(m_nameSpace, m_localName);
 }
 
 /// \return the index of the part, 0 if there is none

@@ -19,11 +19,13 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace ZqXmlLib9 {
 
 class CXmlDocument;
 class CXmlElement;
+struct SXmlName;
 
 /// Reads one document. All failures are `CZqException`, "Failed to parse FastInfoset. ..." but for
 /// those of the values' conversions.
@@ -41,6 +43,8 @@ public:
 private:
     using Octets = std::span<const std::byte>;
     using Table = CFIVocabulary::CFIStringTable;
+    /// The names of the tree by their places in a table; null: not met yet.
+    using Names = std::vector<const SXmlName*>;
 
     /// By the two bits that tell.
     enum class EKind : std::uint8_t { Utf8, Utf16, Alphabet, Algorithm };
@@ -73,12 +77,12 @@ private:
     bool StartElement(unsigned octet);
     void ReadNamespaceAttribute(unsigned octet);
     void ReadAttribute(CXmlElement* element, unsigned octet);
-    void ReadChunk(CXmlElement* element, unsigned octet);
+    void ReadChunk(unsigned octet);
     bool CloseElement();
     std::u16string_view TakeValue(bool isIndex, Table& table);
 
     void ReadIndexedQName(NumberRanges ranges, unsigned bits, const char16_t* failure,
-                          const CFIVocabulary::CFIQNameTable& table);
+                          const CFIVocabulary::CFIQNameTable& table, Names& names);
     void ReadLiteralQName(unsigned octet, CFIVocabulary::CFIQNameTable& table);
     std::uint32_t ReadNamePart(bool isPresent, Table& table, std::u16string& part);
     bool ReadIdentifyingString();
@@ -109,6 +113,9 @@ private:
     std::u16string m_value;     ///< the latest literal
     std::uint32_t m_index = 0;  ///< the latest index
     bool m_isAddedToTable = false;
+    const SXmlName* m_name = nullptr;  ///< the latest qualified one
+    Names m_elementNames;
+    Names m_attributeNames;
     std::uint64_t m_delivered = 0;  ///< code units that came by an index and are counted
     std::unique_ptr<CFIVocabulary> m_vocabulary;
 };

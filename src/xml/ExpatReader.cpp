@@ -1,4 +1,6 @@
 #include "ExpatReader.h"
+#include "XmlTree.h"
+
 #include "../engine/XmlNames.h"
 
 #include "../platform/Ascii.h"
@@ -57,17 +59,26 @@ void RequireWhole(std::u16string_view value, const char16_t* what, std::u16strin
                            + u" can not be read, the parser cut a character");
 }
 
-struct SName {
-    std::u16string_view uri;
-    std::u16string_view localName;
-};
-
-SName SplitName(std::u16string_view name)
+/// Of text that ends in a NUL: names come by the million, and this is faster than unit by unit.
+std::size_t MeasureName(const char16_t* text)
 {
-    const std::size_t bar = name.find(kSeparator);
-    if (bar == std::u16string_view::npos)
-        return {{}, name};
-    return {name.substr(0, bar), name.substr(bar + 1)};
+    const char16_t* end = text;
+    while (end[0] != 0 && end[1] != 0 && end[2] != 0 && end[3] != 0)
+        end += 4;
+    while (*end != 0)
+        ++end;
+    return static_cast<std::size_t>(end - text);
+}
+
+/// \param full  as Expat gives it: the local name, and in front of it the URI if there is one
+bool IsName(const SXmlName& name, std::u16string_view full)
+{
+    const std::u16string_view uri = *name.uri;
+    if (uri.empty())
+        return IsSameName(full, name.localName);
+    return full.size() == uri.size() + 1 + name.localName.size() && full[uri.size()] == kSeparator
+           && IsSameName(full.substr(uri.size() + 1), name.localName)
+           && IsSameName(full.substr(0, uri.size()), uri);
 }
 
 }  // namespace
@@ -239,41 +250,54 @@ void CExpatReader::ThrowParserError()
                                     XML_GetCurrentLineNumber(m_parser.get())));
 }
 
-void CExpatReader::OnStartElement(std::u16string_view name, const char16_t* const* attributes)
+const SXmlName* CExpatReader::FindName(const char16_t* name)
 {
-    FlushText();
-    const SName elementName = SplitName(name);
-    CXmlElement* const element =
-        m_document->GetDocumentElement() == nullptr
-            ? m_document->AddDocElement(elementName.uri, elementName.localName)
-            : m_document->AddChildElement(elementName.uri, elementName.localName);
+    const std::u16string_view full(name, MeasureName(name));
+    const std::size_t hash =
+        full.size() * 5 + full.back() * 37 + full[full.size() / 2 + full.size() / 4];
+    SRecentNames& recent = m_recentNames[hash % m_recentNames.size()];
+    if (recent.last != nullptr && IsName(*recent.last, full))
+        return recent.last;
+    std::swap(recent.last, recent.other);
+    if (recent.last == nullptr || !IsName(*recent.last, full)) {
+        const std::size_t bar = full.find(kSeparator);
+        recent.last =
+            bar == std::u16string_view::npos
+                ? m_document->GetTree().FindName({}, full)
+                : m_document->GetTree().FindName(full.substr(0, bar), full.substr(bar + 1));
+    }
+    return recent.last;
+}
+
+void CExpatReader::OnStartElement(const char16_t* name, const char16_t* const* attributes)
+{
+    CXmlElement* const element = m_document->AddElement(FindName(name));
     for (; *attributes != nullptr; attributes += 2) {
-        const SName attributeName = SplitName(attributes[0]);
-        RequireWhole(attributes[1], u"The value of the attribute [%s]", attributeName.localName);
-        CXmlDocument::AddElementAttribute(element, attributeName.localName, attributes[1],
-                                          attributeName.uri);
+        const SXmlName* const attribute = FindName(attributes[0]);
+        const std::u16string_view value = attributes[1];
+        RequireWhole(value, u"The value of the attribute [%s]", attribute->localName);
+        m_document->GetTree().AddAttribute(element, attribute, value);
     }
 }
 
 void CExpatReader::OnEndElement()
 {
-    FlushText();
     m_document->EndElement();
 }
 
 void CExpatReader::OnCharacterData(std::u16string_view text)
 {
-    m_text.append(text);
+    m_document->GetTree().AppendText(text);
 }
 
 void CExpatReader::OnStartCData()
 {
-    m_text.append(kCDataStart);
+    m_document->GetTree().AppendText(kCDataStart);
 }
 
 void CExpatReader::OnEndCData()
 {
-    m_text.append(kCDataEnd);
+    m_document->GetTree().AppendText(kCDataEnd);
 }
 
 void CExpatReader::OnStartNamespace(std::u16string_view prefix, std::u16string_view uri)
@@ -300,14 +324,6 @@ void CExpatReader::OnEntity(std::u16string_view text)
     const int levels = m_document->GetContext().GetMaxDepth();
     if (RefersToEntity(text) && ++m_nestingEntities > levels)
         throw CZqException(FormatString(u"The document is nested deeper than %d levels", levels));
-}
-
-void CExpatReader::FlushText()
-{
-    if (m_text.empty())
-        return;
-    CXmlDocument::AppendTextExcludingCR(m_document->GetOpenElement(), m_text);
-    m_text.clear();
 }
 
 }  // namespace ZqXmlLib9

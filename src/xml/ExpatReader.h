@@ -9,6 +9,7 @@
 
 #include <ZqXmlLib9/engine/InstanceMonitor.h>
 
+#include <array>
 #include <cstddef>
 #include <exception>
 #include <memory>
@@ -22,6 +23,8 @@ struct XML_ParserStruct;
 namespace ZqXmlLib9 {
 
 class CXmlDocument;
+class CXmlTree;
+struct SXmlName;
 
 /// One parse into a document; it lives on the stack.
 class CExpatReader : public CInstanceMonitor {
@@ -45,11 +48,16 @@ public:
 private:
     friend struct SExpatCallbacks;
 
+    struct SRecentNames {
+        const SXmlName* last = nullptr;
+        const SXmlName* other = nullptr;
+    };
+
     struct SFreeParser {
         void operator()(XML_ParserStruct* parser) const noexcept;
     };
 
-    void OnStartElement(std::u16string_view name, const char16_t* const* attributes);
+    void OnStartElement(const char16_t* name, const char16_t* const* attributes);
     void OnEndElement();
     void OnCharacterData(std::u16string_view text);
     void OnStartCData();
@@ -61,7 +69,7 @@ private:
 
     void UseUtf16(const CUtf16Input& input);
     void Feed(std::span<const std::byte> data, bool final);
-    void FlushText();
+    const SXmlName* FindName(const char16_t* name);
     [[noreturn]] void ThrowParserError();
 
     CXmlDocument* m_document;
@@ -70,9 +78,8 @@ private:
     std::optional<CUtf16Input> m_utf16;
     std::string m_utf8;  ///< the piece at hand of a document in UTF-16
     int m_nestingEntities = 0;
-    /// Character data since the last tag: Expat delivers it in pieces, at every line end and
-    /// entity, and the element takes it in one.
-    std::u16string m_text;
+    /// Names that were met last: most names of a document have one of the places to themselves.
+    std::array<SRecentNames, 128> m_recentNames{};
     /// What a handler threw: no exception may cross the frames of Expat.
     std::exception_ptr m_failure;
 };

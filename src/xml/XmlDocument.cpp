@@ -1,14 +1,13 @@
 // The tree's owner and builder; the loads stand in DocumentLoading.cpp.
 
+#include "XmlTree.h"
+
 #include <ZqXmlLib9/engine/Exceptions.h>
 #include <ZqXmlLib9/engine/FormatString.h>
 #include <ZqXmlLib9/engine/Text.h>
 #include <ZqXmlLib9/engine/XmlSerializationContext.h>
-#include <ZqXmlLib9/xml/XmlAttribute.h>
 #include <ZqXmlLib9/xml/XmlDocument.h>
-#include <ZqXmlLib9/xml/XmlElement.h>
 
-#include <algorithm>
 #include <utility>
 
 namespace ZqXmlLib9 {
@@ -24,16 +23,16 @@ CXmlDocument::CXmlDocument(ElementFilter filter)
 {}
 
 CXmlDocument::CXmlDocument(ElementFilter filter, const CXmlSerializationContext& context)
-    : CInstanceMonitor(u"CXmlDocument"), m_schemaType(context.GetSchemaType()), m_filter(filter),
-      m_context(&context)
+    : CInstanceMonitor(u"CXmlDocument"), m_tree(std::make_unique<CXmlTree>(this)),
+      m_schemaType(context.GetSchemaType()), m_filter(filter), m_context(&context)
 {}
 
 CXmlDocument::~CXmlDocument() = default;
 
 void CXmlDocument::Cleanup()
 {
-    m_documentElement.reset();
-    m_openElements.clear();
+    m_documentElement = nullptr;
+    m_tree->Clear();
     m_aliases.clear();
 }
 
@@ -48,61 +47,28 @@ void CXmlDocument::SetAlias(std::u16string_view prefix, std::u16string_view uri)
     m_aliases.insert_or_assign(std::u16string(prefix), std::u16string(uri));
 }
 
-void CXmlDocument::CheckDepth() const
+CXmlElement* CXmlDocument::AddElement(const SXmlName* name)
 {
     const int levels = m_context->GetMaxDepth();
-    if (std::cmp_greater_equal(m_openElements.size(), levels))
+    if (std::cmp_greater_equal(m_tree->GetDepth(), levels))
         throw CZqException(FormatString(u"The document is nested deeper than %d levels", levels));
-}
-
-CXmlElement* CXmlDocument::AddDocElement(std::u16string_view uri, std::u16string_view localName)
-{
-    CheckDepth();
-    m_documentElement.reset(new CXmlElement(this));
-    return Open(m_documentElement.get(), uri, localName);
-}
-
-CXmlElement* CXmlDocument::AddChildElement(std::u16string_view uri, std::u16string_view localName)
-{
-    CheckDepth();
-    return Open(GetOpenElement()->CreateNewChildElement(), uri, localName);
-}
-
-CXmlElement* CXmlDocument::Open(CXmlElement* element, std::u16string_view uri,
-                                std::u16string_view localName)
-{
-    element->SetNamespace(uri);
-    element->SetElementName(localName);
-    m_openElements.push_back(element);
+    CXmlElement* const element = m_tree->Open(name);
+    m_documentElement = m_tree->GetRoot();
     return element;
 }
 
-void CXmlDocument::AddElementAttribute(CXmlElement* element, std::u16string_view localName,
-                                       std::u16string_view value, std::u16string_view uri)
+void CXmlDocument::AppendTextExcludingCR(std::u16string_view text)
 {
-    element->AddAttribute(localName, value, uri);
-}
-
-void CXmlDocument::AppendTextExcludingCR(CXmlElement* element, std::u16string_view text)
-{
-    text = text.substr(0, text.find(u'\0'));
-    while (!text.empty()) {
-        const std::u16string_view run = text.substr(0, text.find(u'\r'));
-        if (!run.empty())
-            element->AppendText(run);
-        text.remove_prefix(std::min(run.size() + 1, text.size()));
-    }
+    if (HasUnit(text, u'\0'))
+        text = text.substr(0, text.find(u'\0'));
+    m_tree->AppendText(text);
 }
 
 void CXmlDocument::EndElement()
 {
-    CXmlElement* const element = GetOpenElement();
-    m_openElements.pop_back();
-    if (m_filter == nullptr)
-        return;
-    const bool isClaimed = m_filter(element);
-    if (isClaimed && !m_openElements.empty())
-        GetOpenElement()->RemoveLastChildElement().reset();
+    CXmlElement* const element = m_tree->Close();
+    if (m_filter != nullptr && m_filter(element))
+        m_tree->FreeClosed();
 }
 
 }  // namespace ZqXmlLib9

@@ -4,9 +4,9 @@
 
 #include <ZqXmlLib9/Export.h>
 #include <ZqXmlLib9/engine/InstanceMonitor.h>
+#include <ZqXmlLib9/xml/XmlName.h>
 
 #include <string>
-#include <string_view>
 
 namespace ZqXmlLib9 {
 
@@ -16,31 +16,29 @@ class ZQXMLLIB9_API CXmlAttribute : public CInstanceMonitor {
 public:
     CXmlAttribute(const CXmlAttribute&) = delete;
     CXmlAttribute& operator=(const CXmlAttribute&) = delete;
-    ~CXmlAttribute() override;
 
-    const std::u16string& GetLocalName() const noexcept { return m_localName; }
+    const std::u16string& GetLocalName() const noexcept { return m_name->localName; }
     const std::u16string& GetValue() const noexcept { return m_value; }
     /// Empty for an attribute without a namespace.
-    const std::u16string& GetNamespaceURI() const noexcept { return m_namespaceUri; }
+    const std::u16string& GetNamespaceURI() const noexcept { return *m_name->uri; }
 
     /// Whether this is `xsi:nil`.
-    bool IsNilAttribute() const noexcept;
+    bool IsNilAttribute() const noexcept { return m_name->isNil; }
     /// Whether this is no data: a declaration of a namespace, `xsi:type`, `xsi:schemaLocation` or
     /// `xsi:noNamespaceSchemaLocation`.
-    bool IsNamespaceAttribute() const noexcept;
+    bool IsNamespaceAttribute() const noexcept { return m_name->isNamespace; }
 
 protected:
-    friend class CXmlElement;
+    friend class CXmlTree;
+    template <typename>
+    friend class CNodePool;
 
-    CXmlAttribute(std::u16string_view localName, std::u16string_view value,
-                  std::u16string_view namespaceUri);
+    CXmlAttribute(const SXmlName* name, std::u16string&& value) noexcept;
+    ~CXmlAttribute() override;
 
 private:
-    bool IsOfInstance() const noexcept;
-
-    std::u16string m_localName;
+    const SXmlName* m_name;
     std::u16string m_value;
-    std::u16string m_namespaceUri;
 };
 
 }  // namespace ZqXmlLib9

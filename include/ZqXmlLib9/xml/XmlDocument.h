@@ -14,11 +14,12 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace ZqXmlLib9 {
 
 class CXmlElement;
+class CXmlTree;
+struct SXmlName;
 class CXmlSerializationContext;
 
 /// Sees each complete element at its end tag, children before parents. True claims the element: it
@@ -55,7 +56,7 @@ public:
     virtual void Cleanup();
 
     /// The root; null before a load.
-    CXmlElement* GetDocumentElement() const noexcept { return m_documentElement.get(); }
+    CXmlElement* GetDocumentElement() const noexcept { return m_documentElement; }
 
     /// The namespace that was bound to a prefix last, anywhere in the document; the default
     /// namespace stands under the empty prefix. An unknown prefix gives the empty text.
@@ -112,31 +113,29 @@ private:
     /// \name For the front ends that build the tree
     /// @{
 
-    CXmlElement* AddDocElement(std::u16string_view uri, std::u16string_view localName);
-    CXmlElement* AddChildElement(std::u16string_view uri, std::u16string_view localName);
-    static void AddElementAttribute(CXmlElement* element, std::u16string_view localName,
-                                    std::u16string_view value, std::u16string_view uri);
-    /// Appends the text, up to its first NUL, without its carriage returns.
-    static void AppendTextExcludingCR(CXmlElement* element, std::u16string_view text);
+    /// Opens the root, or a child of the innermost open element.
+    /// \throws CZqException  "The document is nested deeper than %d levels"
+    CXmlElement* AddElement(const SXmlName* name);
+    /// Appends to the text of the innermost open element, without carriage returns.
+    void AppendTextExcludingCR(std::u16string_view text);
+    /// Closes the innermost open element, and asks the filter about it.
     void EndElement();
     void SetAlias(std::u16string_view prefix, std::u16string_view uri);
 
-    CXmlElement* GetOpenElement() const noexcept { return m_openElements.back(); }
+    CXmlTree& GetTree() const noexcept { return *m_tree; }
     const CXmlSerializationContext& GetContext() const noexcept { return *m_context; }
     SchemaType GetSchemaType() const noexcept { return m_schemaType; }
 
     /// @}
 
-    void CheckDepth() const;
-    CXmlElement* Open(CXmlElement* element, std::u16string_view uri, std::u16string_view localName);
     void Parse(std::span<const std::byte> data);
     void ParseText(std::span<const std::byte> data);
     void LoadWhole(const char16_t* path);
     void LoadChunks(const char16_t* path);
 
-    std::unique_ptr<CXmlElement> m_documentElement;
-    std::vector<CXmlElement*> m_openElements;  ///< innermost last
-    AliasTable m_aliases;                      ///< prefix to URI
+    std::unique_ptr<CXmlTree> m_tree;
+    CXmlElement* m_documentElement = nullptr;
+    AliasTable m_aliases;  ///< prefix to URI
     SchemaType m_schemaType;
     ElementFilter m_filter;
     const CXmlSerializationContext* m_context;

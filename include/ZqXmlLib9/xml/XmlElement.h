@@ -4,8 +4,8 @@
 
 #include <ZqXmlLib9/Export.h>
 #include <ZqXmlLib9/engine/InstanceMonitor.h>
+#include <ZqXmlLib9/xml/XmlName.h>
 
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -14,7 +14,6 @@
 namespace ZqXmlLib9 {
 
 class CXmlAttribute;
-class CXmlDocument;
 
 /// A read-only element: names resolved, attributes in document order, children in a list, and all
 /// character data that stood directly in it as one text, wherever it stood among the children.
@@ -25,50 +24,46 @@ class ZQXMLLIB9_API CXmlElement : public CInstanceMonitor {
 public:
     CXmlElement(const CXmlElement&) = delete;
     CXmlElement& operator=(const CXmlElement&) = delete;
-    ~CXmlElement() override;
 
-    CXmlDocument* GetDocument() const noexcept { return m_document; }
+    CXmlDocument* GetDocument() const noexcept { return m_name->document; }
     /// Null for an element without children.
     CXmlElement* GetFirstElement() const noexcept { return m_firstChild; }
     /// Null for the last child of its parent.
     CXmlElement* GetNextSiblingElement() const noexcept { return m_nextSibling; }
 
-    const std::u16string& GetLocalName() const noexcept { return m_localName; }
+    const std::u16string& GetLocalName() const noexcept { return m_name->localName; }
     /// Empty for an element without a namespace.
-    const std::u16string& GetNamespaceURI() const noexcept { return m_namespaceUri; }
+    const std::u16string& GetNamespaceURI() const noexcept { return *m_name->uri; }
+    /// Empty before the end tag was read.
     const std::u16string& GetText() const noexcept { return m_text; }
 
-    const std::vector<CXmlAttribute*>& GetAttributes() const noexcept { return m_attributes; }
+    const std::vector<CXmlAttribute*>& GetAttributes() const noexcept
+    {
+        return m_attributes != nullptr ? *m_attributes : kNoAttributes;
+    }
     /// The value of the first attribute with exactly this name and namespace; an empty text if
     /// there is none.
     const std::u16string& GetAttribute(std::u16string_view localName,
                                        std::u16string_view uri) const noexcept;
 
 protected:
-    friend class CXmlDocument;
+    friend class CXmlTree;
+    template <typename>
+    friend class CNodePool;
 
-    explicit CXmlElement(CXmlDocument* document);
+    using Attributes = std::vector<CXmlAttribute*>;
 
-    void SetElementName(std::u16string_view localName) { m_localName = localName; }
-    void SetNamespace(std::u16string_view uri) { m_namespaceUri = uri; }
-    void AddAttribute(std::u16string_view localName, std::u16string_view value,
-                      std::u16string_view uri);
-    /// Grows the text by doubling, since parsers deliver it in small pieces.
-    void AppendText(std::u16string_view text);
-    /// A new last child, which belongs to this element.
-    CXmlElement* CreateNewChildElement();
-    /// Unlinks the last child; null if there is none.
-    std::unique_ptr<CXmlElement> RemoveLastChildElement() noexcept;
+    explicit CXmlElement(const SXmlName* name) noexcept;
+    ~CXmlElement() override;
 
 private:
-    CXmlDocument* const m_document;
+    static const Attributes kNoAttributes;
+
+    const SXmlName* m_name;
     CXmlElement* m_nextSibling = nullptr;
-    CXmlElement* m_firstChild = nullptr;  ///< the children are owned, by way of their siblings
-    CXmlElement* m_lastChild = nullptr;
-    std::vector<CXmlAttribute*> m_attributes;  ///< owned
+    CXmlElement* m_firstChild = nullptr;
+    std::unique_ptr<Attributes> m_attributes;  ///< most elements have none
     std::u16string m_text;
-    std::u16string m_localName;
-    std::u16string m_namespaceUri;
 };
 
 }  // namespace ZqXmlLib9
