@@ -19,6 +19,7 @@ CStringBuffer::~CStringBuffer() = default;
 void CStringBuffer::AddBlock()
 {
     m_blocks.push_back({std::make_unique<char16_t[]>(kBlockSize + 1), kBlockSize});
+    m_end = m_blocks.back().units.get();
     m_position = 0;
     m_capacity = kBlockSize;
 }
@@ -42,15 +43,13 @@ void CStringBuffer::Append(std::u16string_view text)
 {
     if (text.size() > std::numeric_limits<std::uint32_t>::max() - m_totalLength)
         throw CZqOverFlowException(u"The text is longer than 4294967295 characters");
-    while (!text.empty()) {
-        if (m_position == m_capacity)
-            AddBlock();
-        const std::size_t count = std::min<std::size_t>(text.size(), m_capacity - m_position);
-        text.copy(m_blocks.back().units.get() + m_position, count);
-        text.remove_prefix(count);
-        m_position += static_cast<std::uint32_t>(count);
-        m_totalLength += static_cast<std::uint32_t>(count);
+    while (text.size() > m_capacity - m_position) {
+        const std::u16string_view part = text.substr(0, m_capacity - m_position);
+        Advance(Copy(part, m_end));
+        text.remove_prefix(part.size());
+        AddBlock();
     }
+    Advance(Copy(text, m_end));
 }
 
 const char16_t* CStringBuffer::GetText()
@@ -67,6 +66,7 @@ const char16_t* CStringBuffer::GetText()
         *end = u'\0';
         m_blocks.resize(1);
         m_blocks[0] = {std::move(whole), m_totalLength};
+        m_end = m_blocks[0].units.get() + m_totalLength;
         m_position = m_totalLength;
         m_capacity = m_totalLength;
     }
@@ -81,6 +81,7 @@ void CStringBuffer::Clear()
     }
     // Behind the text the block is still zero. It may be large, and a stream is cleared often.
     std::fill_n(m_blocks[0].units.get(), m_position, u'\0');
+    m_end = m_blocks[0].units.get();
     m_position = 0;
     m_totalLength = 0;
 }
@@ -88,6 +89,7 @@ void CStringBuffer::Clear()
 void CStringBuffer::Reset()
 {
     m_blocks.clear();
+    m_end = nullptr;
     m_position = 0;
     m_capacity = 0;
     m_totalLength = 0;

@@ -4,8 +4,9 @@
 #include <ZqXmlLib9/xml/TextStream.h>
 #include <ZqXmlLib9/xml/XmlTextWriter.h>
 
-#include <algorithm>
+#include <array>
 #include <cstddef>
+#include <utility>
 
 namespace ZqXmlLib9 {
 namespace {
@@ -13,8 +14,24 @@ namespace {
 /// The stream is flushed once it holds so many code units.
 constexpr std::uint32_t kFlushLimit = 4096;
 
-/// The characters that escaping changes; all others pass in runs.
-constexpr std::u16string_view kSpecial = u"\n\r\"&<>";
+constexpr std::u16string_view kTagEnd = u">";
+constexpr std::u16string_view kColon = u":";
+
+/// Where the run of characters ends that escaping passes as they are; a NUL ends it too.
+std::size_t PlainLength(std::u16string_view text)
+{
+    constexpr auto kIsPlain = [] {
+        std::array<bool, u'>' + 1> isPlain{};
+        isPlain.fill(true);
+        for (const char16_t c : std::u16string_view(u"\0\n\r\"&<>", 7))
+            isPlain[c] = false;
+        return isPlain;
+    }();
+    std::size_t i = 0;
+    while (i < text.size() && (text[i] >= kIsPlain.size() || kIsPlain[text[i]]))
+        ++i;
+    return i;
+}
 
 }  // namespace
 
@@ -61,7 +78,7 @@ void CXmlTextWriter::WriteXmlDeclaration()
 void CXmlTextWriter::WriteComment(std::u16string_view text)
 {
     Write(u"<!--");
-    WriteEscaped(text, Escaping::Text);
+    WriteEscaped({}, text, Escaping::Text);
     Write(u"-->");
     Write(m_eol);
     FlushIfFull();
@@ -89,10 +106,8 @@ void CXmlTextWriter::WriteStartElement(std::u16string_view name, std::u16string_
     const bool isRoot = GetContext() == nullptr;
     std::unique_ptr<CXmlWriterContext> context = MakeContext(name, uri);
     CloseStartTag();
-    WriteIndentIfFormatted(context->GetDepth());
-    Write(u"<");
     bool isNewPrefix = false;
-    if (!uri.empty() && uri != context->GetEffectiveDefaultNamespace()) {
+    if (!uri.empty() && !IsSameName(uri, context->GetEffectiveDefaultNamespace())) {
         context->m_prefix = context->GetPrefix(uri);
         if (context->m_prefix.empty()) {
             context->m_prefix = CreateUniquePrefix(context->GetEffectiveNamespaces());
@@ -100,23 +115,16 @@ void CXmlTextWriter::WriteStartElement(std::u16string_view name, std::u16string_
             isNewPrefix = true;
         }
     }
-    WriteQualifiedName(context->m_prefix, name);
-    if (isNewPrefix) {
-        Write(u" ");
+    m_stream->WriteStrings(Indent(context->GetDepth()), u"<", context->m_prefix,
+                           Colon(context->m_prefix), name);
+    if (isNewPrefix)
         WriteDeclaration(context->m_prefix, uri);
-    }
     if (isRoot) {
-        if (!GetDefaultNamespace().empty()) {
-            Write(u" xmlns=\"");
-            Write(GetDefaultNamespace());
-            Write(u"\"");
-        }
-        for (const auto& [aliasUri, prefix] : GetNamespaceTable()) {
-            if (!aliasUri.starts_with(kXmlNamespace)) {
-                Write(u" ");
+        if (!GetDefaultNamespace().empty())
+            m_stream->WriteStrings(u" xmlns=\"", GetDefaultNamespace(), u"\"");
+        for (const auto& [aliasUri, prefix] : GetNamespaceTable())
+            if (!aliasUri.starts_with(kXmlNamespace))
                 WriteDeclaration(prefix, aliasUri);
-            }
-        }
     }
     FlushIfFull();
     PushContext(std::move(context));
@@ -128,18 +136,14 @@ void CXmlTextWriter::CloseStartTag()
     if (context == nullptr)
         return;
     ++context->m_childCount;
-    if (context->m_isStartTagOpen) {
-        context->m_isStartTagOpen = false;
-        Write(u">");
-        WriteLineEndIfFormatted();
-    }
+    if (std::exchange(context->m_isStartTagOpen, false))
+        m_stream->WriteStrings(u">", LineEnd());
 }
 
 void CXmlTextWriter::WriteAttribute(std::u16string_view name, std::u16string_view uri,
                                     std::u16string_view value, ItemType)
 {
     CXmlWriterContext& context = RequireStartTag();
-    Write(u" ");
     std::u16string_view prefix;
     if (!uri.empty()) {
         prefix = context.GetPrefix(uri);
@@ -147,12 +151,10 @@ void CXmlTextWriter::WriteAttribute(std::u16string_view name, std::u16string_vie
             context.SetNamespace(uri, CreateUniquePrefix(context.GetEffectiveNamespaces()));
             prefix = context.GetPrefix(uri);
             WriteDeclaration(prefix, uri);
-            Write(u" ");
         }
     }
-    WriteQualifiedName(prefix, name);
-    Write(u"=\"");
-    WriteEscaped(value, Escaping::Attribute);
+    m_stream->WriteStrings(u" ", prefix, Colon(prefix), name, u"=\"");
+    WriteEscaped({}, value, Escaping::Attribute);
     Write(u"\"");
     FlushIfFull();
 }
@@ -168,7 +170,6 @@ void CXmlTextWriter::WriteXsiType(std::u16string_view uri, std::u16string_view t
             value = CreateUniquePrefix(context.GetEffectiveNamespaces());
             context.SetNamespace(uri, value);
             // The blank behind the declaration joins the one in front of the attribute.
-            Write(u" ");
             WriteDeclaration(value, uri);
             Write(u" ");
         }
@@ -189,39 +190,31 @@ void CXmlTextWriter::WriteText(std::u16string_view text, ItemType)
     if (text.empty())
         return;
     CXmlWriterContext& context = RequireContext();
-    if (context.m_isStartTagOpen) {
-        Write(u">");
-        context.m_isStartTagOpen = false;
-    }
+    const std::u16string_view tagEnd =
+        kTagEnd.substr(0, std::exchange(context.m_isStartTagOpen, false) ? 1 : 0);
     if (text.starts_with(kCDataStart))
-        Write(text);
+        m_stream->WriteStrings(tagEnd, text);
     else
-        WriteEscaped(text, Escaping::Text);
+        WriteEscaped(tagEnd, text, Escaping::Text);
     FlushIfFull();
 }
 
 void CXmlTextWriter::WriteEndElement()
 {
     const CXmlWriterContext& context = RequireContext();
-    if (context.m_isStartTagOpen) {
-        Write(u"/>");
-    }
-    else {
-        if (context.m_childCount != 0)
-            WriteIndentIfFormatted(context.GetDepth());
-        Write(u"</");
-        WriteQualifiedName(context.m_prefix, context.GetLocalName());
-        Write(u">");
-    }
-    WriteLineEndIfFormatted();
+    if (context.m_isStartTagOpen)
+        m_stream->WriteStrings(u"/>", LineEnd());
+    else
+        m_stream->WriteStrings(Indent(context.m_childCount != 0 ? context.GetDepth() : 0), u"</",
+                               context.m_prefix, Colon(context.m_prefix), context.GetLocalName(),
+                               u">", LineEnd());
     FlushIfFull();
     PopContext();
 }
 
 void CXmlTextWriter::WriteRawLine(std::u16string_view text)
 {
-    Write(text);
-    WriteLineEndIfFormatted();
+    m_stream->WriteStrings(text, LineEnd());
 }
 
 void CXmlTextWriter::Write(std::u16string_view text)
@@ -229,54 +222,52 @@ void CXmlTextWriter::Write(std::u16string_view text)
     m_stream->WriteString(text);
 }
 
-void CXmlTextWriter::WriteEscaped(std::u16string_view text, Escaping escaping)
+/// \param before  written in front, as it is
+void CXmlTextWriter::WriteEscaped(std::u16string_view before, std::u16string_view text,
+                                  Escaping escaping)
 {
-    text = text.substr(0, text.find(u'\0'));
     while (true) {
-        const std::size_t run = std::min(text.find_first_of(kSpecial), text.size());
-        Write(text.substr(0, run));
-        if (run == text.size())
+        const std::size_t run = PlainLength(text);
+        m_stream->WriteStrings(before, text.substr(0, run));
+        if (run == text.size() || text[run] == u'\0')
             return;
         switch (text[run]) {
-        case u'\n': Write(escaping == Escaping::Attribute ? u"&#xA;" : m_eol); break;
-        case u'"': Write(u"&quot;"); break;
-        case u'&': Write(u"&amp;"); break;
-        case u'<': Write(u"&lt;"); break;
-        case u'>': Write(u"&gt;"); break;
-        default: break;  // a carriage return, which is dropped
+        case u'\n': before = escaping == Escaping::Attribute ? u"&#xA;" : m_eol; break;
+        case u'"': before = u"&quot;"; break;
+        case u'&': before = u"&amp;"; break;
+        case u'<': before = u"&lt;"; break;
+        case u'>': before = u"&gt;"; break;
+        default: before = {}; break;  // a carriage return, which is dropped
         }
         text.remove_prefix(run + 1);
     }
 }
 
-void CXmlTextWriter::WriteLineEndIfFormatted()
+std::u16string_view CXmlTextWriter::LineEnd() const
 {
-    if (m_format)
-        Write(m_eol);
+    return m_format ? m_eol : std::u16string_view();
 }
 
-void CXmlTextWriter::WriteIndentIfFormatted(std::uint32_t depth)
+/// Tabs, of which those beyond a number are written at once.
+std::u16string_view CXmlTextWriter::Indent(std::uint32_t depth)
 {
-    for (; m_format && depth != 0; --depth)
-        Write(u"\t");
+    constexpr std::u16string_view kTabs = u"\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t";
+    if (!m_format)
+        return {};
+    for (; depth > kTabs.size(); depth -= static_cast<std::uint32_t>(kTabs.size()))
+        Write(kTabs);
+    return kTabs.substr(0, depth);
 }
 
-void CXmlTextWriter::WriteQualifiedName(std::u16string_view prefix, std::u16string_view name)
+/// What stands between a prefix and a name.
+std::u16string_view CXmlTextWriter::Colon(std::u16string_view prefix)
 {
-    if (!prefix.empty()) {
-        Write(prefix);
-        Write(u":");
-    }
-    Write(name);
+    return kColon.substr(0, prefix.empty() ? 0 : 1);
 }
 
 void CXmlTextWriter::WriteDeclaration(std::u16string_view prefix, std::u16string_view uri)
 {
-    Write(u"xmlns:");
-    Write(prefix);
-    Write(u"=\"");
-    Write(uri);
-    Write(u"\"");
+    m_stream->WriteStrings(u" xmlns:", prefix, u"=\"", uri, u"\"");
 }
 
 void CXmlTextWriter::FlushIfFull()

@@ -76,11 +76,17 @@ void CXmlWriter::ContinueDepthOf(const CXmlWriter& outer) noexcept
     m_groupDepth = outer.m_groupDepth;
 }
 
-std::unique_ptr<CXmlWriter::CXmlWriterContext>
-CXmlWriter::MakeContext(std::u16string_view name, std::u16string_view uri) const
+std::unique_ptr<CXmlWriter::CXmlWriterContext> CXmlWriter::MakeContext(std::u16string_view name,
+                                                                       std::u16string_view uri)
 {
     if (GetOpenCount() >= m_maxDepth)
         ThrowTooDeep(m_maxDepth);
+    if (m_spare != nullptr && m_context != nullptr) {
+        std::unique_ptr<CXmlWriterContext> context = std::move(m_spare);
+        m_spare = context->TakeParent();
+        context->Reuse(name, uri, *m_context);
+        return context;
+    }
     if (m_context != nullptr)
         return std::make_unique<CXmlWriterContext>(name, uri, *m_context);
     return std::make_unique<CXmlWriterContext>(name, uri, m_namespaces, m_defaultNamespaceUri);
@@ -94,7 +100,10 @@ void CXmlWriter::PushContext(std::unique_ptr<CXmlWriterContext> context)
 
 void CXmlWriter::PopContext()
 {
-    m_context = m_context->TakeParent();
+    std::unique_ptr<CXmlWriterContext> closed = std::move(m_context);
+    m_context = closed->TakeParent();
+    closed->SetParent(std::move(m_spare));
+    m_spare = std::move(closed);
 }
 
 CXmlWriter::CXmlWriterContext& CXmlWriter::RequireContext() const
@@ -157,6 +166,21 @@ CXmlWriter::CXmlWriterContext::CXmlWriterContext(std::u16string_view name, std::
     : CInstanceMonitor(u"CXmlWriterContext"), m_name(name), m_uri(uri), m_depth(parent.m_depth + 1),
       m_scope(parent.m_scope)
 {}
+
+void CXmlWriter::CXmlWriterContext::Reuse(std::u16string_view name, std::u16string_view uri,
+                                          const CXmlWriterContext& parent)
+{
+    m_childCount = 0;
+    m_isStartTagOpen = true;
+    m_hasAttributes = false;
+    m_prefix.clear();
+    m_name = name;
+    if (!IsSameName(m_uri, uri))
+        m_uri = uri;
+    m_depth = parent.m_depth + 1;
+    m_ownScope.reset();
+    m_scope = parent.m_scope;
+}
 
 CXmlWriter::CXmlWriterContext::~CXmlWriterContext()
 {

@@ -5,7 +5,9 @@
 #include <ZqXmlLib9/Export.h>
 #include <ZqXmlLib9/engine/InstanceMonitor.h>
 
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -30,6 +32,13 @@ public:
     void Append(const char16_t* text);
     void Append(const std::u16string& text);
     void Append(std::u16string_view text);
+    /// Appends texts one behind the other. Several short ones cost little more than one.
+    /// \throws CZqOverFlowException  as `Append`; the first ones may have been appended
+    template <typename... TText>
+    void AppendAll(const TText&... texts)
+    {
+        AppendViews(ViewOf(texts)...);
+    }
 
     /// The length of the text, in code units.
     std::uint32_t GetPendingLength() const noexcept { return m_totalLength; }
@@ -44,6 +53,61 @@ public:
     void Reset();
 
 private:
+    /// The length of a literal is known without counting.
+    template <std::size_t size>
+    static constexpr std::u16string_view ViewOf(const char16_t (&literal)[size]) noexcept
+    {
+        return {literal, size - 1};
+    }
+    static std::u16string_view ViewOf(std::u16string_view text) noexcept { return text; }
+
+    template <typename... TView>
+    void AppendViews(TView... texts)
+    {
+        const std::size_t length = (texts.size() + ...);
+        if (length > m_capacity - m_position) {
+            (Append(texts), ...);
+            return;
+        }
+        char16_t* end = m_end;
+        ((end = Copy(texts, end)), ...);
+        Advance(end);
+    }
+
+    /// \return the place behind the copy
+    static char16_t* Copy(std::u16string_view text, char16_t* to) noexcept
+    {
+        // Most pieces are short, and a call would cost more than they do: two moves take 4 to 8
+        // units, or 8 to 16, where they may overlap.
+        constexpr std::size_t kHalf = 4 * sizeof(char16_t);
+        const std::size_t length = text.size();
+        char16_t* const end = to + length;
+        if (length < 4) {
+            for (const char16_t unit : text)
+                *to++ = unit;
+        }
+        else if (length <= 8) {
+            std::memcpy(to, text.data(), kHalf);
+            std::memcpy(end - 4, text.data() + length - 4, kHalf);
+        }
+        else if (length <= 16) {
+            std::memcpy(to, text.data(), 2 * kHalf);
+            std::memcpy(end - 8, text.data() + length - 8, 2 * kHalf);
+        }
+        else {
+            std::memcpy(to, text.data(), length * sizeof(char16_t));
+        }
+        return end;
+    }
+
+    void Advance(char16_t* end) noexcept
+    {
+        const auto length = static_cast<std::uint32_t>(end - m_end);
+        m_end = end;
+        m_position += length;
+        m_totalLength += length;
+    }
+
     void AddBlock();
 
     struct SBlock {
@@ -52,6 +116,7 @@ private:
     };
 
     std::vector<SBlock> m_blocks;
+    char16_t* m_end = nullptr;     ///< of the text in the last block
     std::uint32_t m_position = 0;  ///< code units used in the last block
     std::uint32_t m_capacity = 0;  ///< code units that the last block can take
     std::uint32_t m_totalLength = 0;

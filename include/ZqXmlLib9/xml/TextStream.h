@@ -36,6 +36,12 @@ public:
     void WriteString(const std::u16string& text) { m_buffer.Append(text); }
     void WriteString(std::u16string_view text) { m_buffer.Append(text); }
     void WriteChar(char16_t unit) { m_buffer.Append(unit); }
+    /// Writes texts one behind the other.
+    template <typename... TText>
+    void WriteStrings(const TText&... texts)
+    {
+        m_buffer.AppendAll(texts...);
+    }
 
     /// The code units written since the stream was emptied or flushed last.
     std::uint32_t GetPendingLength() const noexcept { return m_buffer.GetPendingLength(); }

@@ -75,10 +75,10 @@ private:
     enum class Escaping { Text, Attribute };
 
     void Write(std::u16string_view text);
-    void WriteEscaped(std::u16string_view text, Escaping escaping);
-    void WriteLineEndIfFormatted();
-    void WriteIndentIfFormatted(std::uint32_t depth);
-    void WriteQualifiedName(std::u16string_view prefix, std::u16string_view name);
+    void WriteEscaped(std::u16string_view before, std::u16string_view text, Escaping escaping);
+    std::u16string_view LineEnd() const;
+    std::u16string_view Indent(std::uint32_t depth);
+    static std::u16string_view Colon(std::u16string_view prefix);
     void WriteDeclaration(std::u16string_view prefix, std::u16string_view uri);
     void FlushIfFull();
 

@@ -100,7 +100,7 @@ protected:
     /// A record for an element that is about to be opened; the writer is unchanged.
     /// \throws CZqException  "The document is nested deeper than %d levels"
     std::unique_ptr<CXmlWriterContext> MakeContext(std::u16string_view name,
-                                                   std::u16string_view uri) const;
+                                                   std::u16string_view uri);
     /// Makes the record the innermost open element.
     void PushContext(std::unique_ptr<CXmlWriterContext> context);
     /// Closes the innermost open element; its parent is then the innermost.
@@ -121,6 +121,7 @@ private:
 
     std::u16string m_defaultNamespaceUri;
     std::unique_ptr<CXmlWriterContext> m_context;
+    std::unique_ptr<CXmlWriterContext> m_spare;  ///< closed ones, for the elements to come
     NamespaceTable m_namespaces;
     int GetOpenCount() const noexcept;
 
@@ -141,6 +142,8 @@ public:
     /// A child, which doesn't own its parent before `SetParent`.
     CXmlWriterContext(std::u16string_view name, std::u16string_view uri,
                       const CXmlWriterContext& parent);
+    /// Makes a record that is out of use that of another child.
+    void Reuse(std::u16string_view name, std::u16string_view uri, const CXmlWriterContext& parent);
     CXmlWriterContext(const CXmlWriterContext&) = delete;
     CXmlWriterContext& operator=(const CXmlWriterContext&) = delete;
     ~CXmlWriterContext() override;
