@@ -28,6 +28,9 @@ constexpr unsigned kEmptyValue = 0xFF;
 constexpr unsigned kTerminator = 0xF0;
 constexpr unsigned kTwoTerminators = 0xFF;
 
+/// The stream gets its octets in pieces of this size.
+constexpr std::size_t kFlushLimit = 4096;
+
 /// The encoding algorithm of plain text.
 constexpr std::uint32_t kCData = 10;
 
@@ -48,7 +51,22 @@ void AppendNumber(std::string& octets, NumberRanges ranges, unsigned bits, std::
     throw CZqException(u"Failed to write FastInfoset. " + what);
 }
 
+void RequireOctets(std::size_t count)
+{
+    if (count == 0)
+        Fail(u"An empty name can not be written.");
+}
+
 }  // namespace
+
+/// Of a name of a document, which has few of them.
+std::size_t HashName(std::u16string_view name)
+{
+    const auto unit = [&](std::size_t place) -> std::size_t { return name[place]; };
+    return name.empty() ? 0
+                        : name.size() * 5 + unit(name.size() - 1) * 37 + unit(0) * 11
+                              + unit(name.size() / 2);
+}
 
 /// The forms of a name: on the third bit of an octet for elements, on the second for attributes.
 struct __attribute__((visibility("hidden"))) CFastInfosetWriter::SNameForm {
@@ -99,6 +117,7 @@ CFastInfosetWriter::~CFastInfosetWriter() = default;
 void CFastInfosetWriter::Close()
 {
     RequireIntact();
+    Flush();
     if (m_pending != nullptr)
         PushContext(std::move(m_pending));  // it is open, though its head isn't written
     CXmlWriter::Close();
@@ -106,14 +125,23 @@ void CFastInfosetWriter::Close()
 
 void CFastInfosetWriter::PutAll(Octets octets)
 {
-    m_octets.append(octets.begin(), octets.end());
+    m_octets.append(reinterpret_cast<const char*>(octets.data()), octets.size());
 }
 
 void CFastInfosetWriter::Commit()
 {
-    if (!m_octets.empty())
-        m_stream->Append(reinterpret_cast<const unsigned char*>(m_octets.data()), m_octets.size());
+    m_committed = m_octets.size();
+    if (m_committed >= kFlushLimit)
+        Flush();
+}
+
+void CFastInfosetWriter::Flush()
+{
+    if (m_committed == 0)
+        return;
+    m_stream->Append(reinterpret_cast<const unsigned char*>(m_octets.data()), m_committed);
     m_octets.clear();
+    m_committed = 0;
 }
 
 void CFastInfosetWriter::WriteDocumentHeader(FInfoDecl declaration)
@@ -141,6 +169,7 @@ void CFastInfosetWriter::WriteDocumentEnd()
     RequireIntact();
     Put(m_isTerminatorPending ? kTwoTerminators : kTerminator);
     Commit();
+    Flush();
 }
 
 void CFastInfosetWriter::WriteComment(std::u16string_view) {}
@@ -156,7 +185,7 @@ void CFastInfosetWriter::WriteInLineSchema(std::u16string_view) {}
 /// An event that failed midway leaves octets behind, and no document can be made with them.
 void CFastInfosetWriter::RequireIntact() const
 {
-    if (!m_octets.empty())
+    if (m_octets.size() != m_committed)
         throw CZqInvalidStateException(u"The Fast Infoset document has failed before");
 }
 
@@ -179,7 +208,7 @@ void CFastInfosetWriter::FlushPendingElement(bool attributesFollow)
         Put(kTerminator);
     }
     const std::u16string& uri = m_pending->GetNamespaceURI();
-    if (!uri.empty() && uri != m_pending->GetEffectiveDefaultNamespace()) {
+    if (!uri.empty() && !IsSameName(uri, m_pending->GetEffectiveDefaultNamespace())) {
         if (m_pending->GetPrefix(uri).empty())
             m_pending->SetNamespace(uri, CreateUniquePrefix(m_pending->GetEffectiveNamespaces()));
         m_pending->m_prefix = m_pending->GetPrefix(uri);
@@ -344,19 +373,20 @@ void CFastInfosetWriter::WriteXsiNil()
 
 void CFastInfosetWriter::AppendOctetString(NumberRanges lengths, unsigned bits, Octets octets)
 {
-    if (octets.empty())
-        Fail(u"An empty name can not be written.");
+    RequireOctets(octets.size());
     AppendNumber(m_octets, lengths, bits, octets.size());
     PutAll(octets);
 }
 
 void CFastInfosetWriter::AppendUtf8(NumberRanges lengths, unsigned bits, std::u16string_view text)
 {
-    m_utf8.clear();
-    if (AppendAsUtf8(text, m_utf8) != kWholeText)
+    const SWellFormedPart part = MeasureAsUtf8(text);
+    if (part.units != text.size())
         static_cast<void>(ToUtf8(text));  // which fails, and says where
-    AppendOctetString(lengths, bits,
-                      {reinterpret_cast<const unsigned char*>(m_utf8.data()), m_utf8.size()});
+    RequireOctets(part.octets);
+    AppendNumber(m_octets, lengths, bits, part.octets);
+    m_octets.resize(m_octets.size() + part.octets);
+    WriteAsUtf8(text, m_octets.data() + m_octets.size() - part.octets);
 }
 
 void CFastInfosetWriter::AppendIdentifying(std::u16string_view text, const CFIVocabulary::Map& map,
@@ -375,9 +405,21 @@ void CFastInfosetWriter::AppendQName(const SNameForm& form, unsigned bits,
                                      std::u16string_view prefix, std::u16string_view uri,
                                      std::u16string_view name, CFIVocabulary::Map& map)
 {
+    SRecentName& recent = m_recentNames[HashName(name) % m_recentNames.size()];
+    if (recent.map == &map && IsSameName(recent.name, name) && IsSameName(recent.uri, uri)
+        && IsSameName(recent.prefix, prefix)) {
+        AppendNumber(m_octets, form.index, bits, recent.index);
+        return;
+    }
     CFIVocabulary::MakeKey(prefix, uri, name, m_key);
     std::uint32_t index = 0;
     if (CFIVocabulary::FindIndex(map, m_key, index)) {
+        recent.map = nullptr;
+        recent.name = name;
+        recent.uri = uri;
+        recent.prefix = prefix;
+        recent.index = index;
+        recent.map = &map;
         AppendNumber(m_octets, form.index, bits, index);
         return;
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace ZqXmlLib9 {
 namespace {
@@ -50,7 +51,25 @@ std::size_t AsciiEnd(std::u16string_view text, std::size_t i)
         if (!IsAscii(all))
             break;
     }
+    for (std::uint64_t four = 0; text.size() - i >= 4; i += 4) {
+        std::memcpy(&four, text.data() + i, sizeof(four));
+        if ((four & 0xFF80FF80FF80FF80u) != 0)
+            break;
+    }
     while (i < text.size() && IsAscii(text[i]))
+        ++i;
+    return i;
+}
+
+/// The same for octets.
+std::size_t AsciiEnd(std::string_view text, std::size_t i)
+{
+    for (std::uint64_t eight = 0; text.size() - i >= 8; i += 8) {
+        std::memcpy(&eight, text.data() + i, sizeof(eight));
+        if ((eight & 0x8080808080808080u) != 0)
+            break;
+    }
+    while (i < text.size() && IsAscii(static_cast<std::uint8_t>(text[i])))
         ++i;
     return i;
 }
@@ -177,10 +196,16 @@ std::size_t AppendAsUtf16(std::string_view text, std::u16string& utf16)
 {
     utf16.reserve(utf16.size() + text.size());
     for (std::size_t i = 0; i < text.size();) {
-        char32_t c = static_cast<std::uint8_t>(text[i]);
-        if (IsAscii(c))
-            ++i;
-        else if (!ReadSequence(text, i, c))
+        if (const std::size_t end = AsciiEnd(text, i); end != i) {
+            const std::size_t before = utf16.size();
+            utf16.resize(before + end - i);
+            std::copy(text.begin() + static_cast<std::ptrdiff_t>(i),
+                      text.begin() + static_cast<std::ptrdiff_t>(end), utf16.data() + before);
+            i = end;
+            continue;
+        }
+        char32_t c = 0;
+        if (!ReadSequence(text, i, c))
             return i;
         AppendScalarAsUtf16(c, utf16);
     }

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -115,7 +116,18 @@ private:
             return std::hash<std::u16string_view>()(text);
         }
     };
-    using Map = std::unordered_map<std::u16string, std::uint32_t, stringhash, std::equal_to<>>;
+    /// By octets, which is faster than unit by unit.
+    struct stringequal {
+        using is_transparent = void;
+        bool operator()(std::u16string_view left, std::u16string_view right) const noexcept
+        {
+            return left.size() == right.size()
+                   && (left.empty()
+                       || std::memcmp(left.data(), right.data(), left.size() * sizeof(char16_t))
+                              == 0);
+        }
+    };
+    using Map = std::unordered_map<std::u16string, std::uint32_t, stringhash, stringequal>;
 
     CFIVocabulary(const CFIVocabulary&);
 

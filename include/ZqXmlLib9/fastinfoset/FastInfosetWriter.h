@@ -10,6 +10,7 @@
 #include <ZqXmlLib9/xml/BinaryStream.h>
 #include <ZqXmlLib9/xml/XmlWriter.h>
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -70,12 +71,20 @@ public:
 private:
     struct SStringForm;
     struct SNameForm;
+    struct SRecentName {
+        const CFIVocabulary::Map* map = nullptr;  ///< null: none
+        std::u16string prefix;
+        std::u16string uri;
+        std::u16string name;
+        std::uint32_t index = 0;
+    };
     using Octets = std::span<const unsigned char>;
 
     void Put(unsigned octet) { m_octets.push_back(static_cast<char>(octet)); }
     void PutAll(Octets octets);
-    /// Hands what the event has put to the stream.
+    /// What the event has put becomes part of the document.
     void Commit();
+    void Flush();
 
     void RequireIntact() const;
     void FlushPendingElement(bool attributesFollow);
@@ -111,9 +120,11 @@ private:
     /// Prefix and URI that the pending element declares.
     std::vector<std::pair<std::u16string, std::u16string>> m_declarations;
     NamespaceTable m_typePrefixes;  ///< of all declarations for types, by URI
-    std::string m_octets;           ///< of the event that is being written
-    std::string m_utf8;             ///< reused
+    std::string m_octets;           ///< not in the stream yet
+    std::size_t m_committed = 0;    ///< how many of them whole events have put
     std::u16string m_key;           ///< reused
+    /// Names that were written last, each at the place that its hash chooses.
+    std::array<SRecentName, 64> m_recentNames;
 };
 
 }  // namespace ZqXmlLib9
