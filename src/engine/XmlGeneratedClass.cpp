@@ -1,6 +1,7 @@
 // What a generated class is made of; the walks stand in XmlGeneratedClassWrite.cpp and
 // XmlGeneratedClassRead.cpp.
 
+#include <ZqXmlLib9/engine/Nillable.h>
 #include <ZqXmlLib9/engine/XmlGeneratedClass.h>
 #include <ZqXmlLib9/metadata/ElementInfoChoice.h>
 
@@ -38,6 +39,18 @@ CXmlGeneratedClass::~CXmlGeneratedClass() = default;
 void CXmlGeneratedClass::ReadProperty(int propertyIndex, ZqVariant& value) const
 {
     const_cast<CXmlGeneratedClass*>(this)->AccessProperty(propertyIndex, true, value);
+}
+
+bool CXmlGeneratedClass::IsNilObject() const
+{
+    std::atomic<const std::type_info*>& plainClass = GetClassInfo()->m_plainClass.type;
+    const std::type_info& type = typeid(*this);
+    if (plainClass.load(std::memory_order_relaxed) == &type)
+        return false;
+    const auto* const nillable = dynamic_cast<const INillable*>(this);
+    if (nillable == nullptr)
+        plainClass.store(&type, std::memory_order_relaxed);
+    return nillable != nullptr && nillable->IsNil();
 }
 
 bool CXmlGeneratedClass::IsElementInList(const CXmlSerializationContext& context,

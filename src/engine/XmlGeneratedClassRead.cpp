@@ -62,8 +62,7 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* parent, CXmlElement* c
         if (info.GetElementType() == XmlElementType_Element)
             SetElementName(parent->GetLocalName().c_str());
         ProcessAttributesFromXml(context, parent, info.GetFromXmlFailIfAttributeUnknown());
-        const auto* const nillable = dynamic_cast<const INillable*>(this);
-        if (nillable != nullptr && nillable->IsNil())
+        if (IsNilObject())
             return cursor;
         cursor = ReadContent(parent, cursor, context, info, isOptionalChoice);
         if (info.GetElementTextPropertyIndex() != -1) {

@@ -3,7 +3,6 @@
 #include <ZqXmlLib9/collections/AttributeCol.h>
 #include <ZqXmlLib9/engine/Exceptions.h>
 #include <ZqXmlLib9/engine/FormatString.h>
-#include <ZqXmlLib9/engine/Nillable.h>
 #include <ZqXmlLib9/engine/Text.h>
 #include <ZqXmlLib9/engine/XmlGeneratedClass.h>
 #include <ZqXmlLib9/xml/XmlWriter.h>
@@ -11,16 +10,6 @@
 #include <optional>
 
 namespace ZqXmlLib9 {
-namespace {
-
-bool IsNilObject(const CXmlGeneratedClass* object)
-{
-    const auto* const nillable = dynamic_cast<const INillable*>(object);
-    return nillable != nullptr && nillable->IsNil();
-}
-
-}  // namespace
-
 void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, const char16_t* namespaceUri,
                                    const CXmlSerializationContext& context,
                                    bool isOptionalChoice) const
@@ -43,7 +32,7 @@ void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, const char16
         else {
             group.emplace(*writer);
         }
-        if (IsNilObject(this))
+        if (IsNilObject())
             writer->WriteXsiNil();
         else
             WriteContent(writer, context, info, isOptionalChoice);

@@ -1,4 +1,5 @@
 #include "VersionGate.h"
+#include "XmlNames.h"
 
 #include <ZqXmlLib9/engine/Exceptions.h>
 #include <ZqXmlLib9/engine/FormatString.h>
@@ -158,8 +159,9 @@ bool CXmlObjectBase::DoesElementNameMatch(const CXmlSerializationContext& contex
                                           const CXmlElement* element, const char16_t* name,
                                           const char16_t* ns) const
 {
-    return element != nullptr && element->GetLocalName() == TextOrEmpty(name)
-           && (context.GetIgnoreNamespaces() || element->GetNamespaceURI() == TextOrEmpty(ns));
+    return element != nullptr && IsSameName(element->GetLocalName(), TextOrEmpty(name))
+           && (context.GetIgnoreNamespaces()
+               || IsSameName(element->GetNamespaceURI(), TextOrEmpty(ns)));
 }
 
 void CXmlObjectBase::Choice_SelectElement(const char16_t* name, CXmlObjectBase* value,

@@ -21,7 +21,7 @@ namespace {
 struct __attribute__((visibility("hidden"))) ZqVariant::SKind {
     const char16_t* word;
     std::u16string (*print)(const Payload& value, const char16_t* format);
-    Payload (*read)(std::u16string_view text, CWhitespaceUtils::WhitespaceRule rule);
+    void (*read)(Payload& value, std::u16string_view text, CWhitespaceUtils::WhitespaceRule rule);
 
     template <ItemType type>
     static constexpr SKind Of(const char16_t* word)
@@ -29,11 +29,15 @@ struct __attribute__((visibility("hidden"))) ZqVariant::SKind {
         return {
             word,
             [](const Payload& value, const char16_t* format) {
+                if constexpr (type == ItemType_string)
+                    if (const auto* const lent = std::get_if<SLentText>(&value))
+                        return *lent->text;
                 return SValueKind<type>::Print(std::get<ValueOf<type>>(value), format);
             },
-            [](std::u16string_view text, CWhitespaceUtils::WhitespaceRule rule) {
-                return Payload(std::in_place_type<ValueOf<type>>,
-                               SValueKind<type>::Read(text, rule));
+            [](Payload& value, std::u16string_view text, CWhitespaceUtils::WhitespaceRule rule) {
+                // What is there goes only once the text has been read.
+                ValueOf<type> read = SValueKind<type>::Read(text, rule);
+                value.emplace<ValueOf<type>>(std::move(read));
             },
         };
     }
@@ -76,13 +80,27 @@ const ZqVariant::SKind* ZqVariant::FindKind(ItemType type)
 }
 
 ZqVariant::ZqVariant() = default;
-ZqVariant::ZqVariant(const ZqVariant& other) = default;
 ZqVariant::~ZqVariant() = default;
+
+ZqVariant::ZqVariant(const ZqVariant& other) : m_type(other.m_type), m_payload(other.m_payload)
+{
+    OwnString();
+}
 
 ZqVariant::ZqVariant(ZqVariant&& other) noexcept
     : m_type(std::exchange(other.m_type, ItemType_invalid)),
       m_payload(std::exchange(other.m_payload, Payload()))
-{}
+{
+    OwnString();
+}
+
+void ZqVariant::OwnString()
+{
+    if (const auto* const lent = std::get_if<SLentText>(&m_payload)) {
+        std::u16string own = *lent->text;
+        m_payload.emplace<std::u16string>(std::move(own));
+    }
+}
 
 ZqVariant& ZqVariant::operator=(const ZqVariant& other)
 {
@@ -131,7 +149,7 @@ void ZqVariant::FromString(const std::u16string& text, ItemType type,
     const SKind* const kind = FindKind(type);
     if (kind == nullptr)
         ThrowWithoutText(type);
-    m_payload = kind->read(text, rule);
+    kind->read(m_payload, text, rule);
     m_type = type;
 }
 

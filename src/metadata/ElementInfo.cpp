@@ -1,6 +1,7 @@
 // The base of the records, and the steps that the three families share.
 
 #include "../engine/NamespaceRestriction.h"
+#include "../engine/XmlNames.h"
 
 #include <ZqXmlLib9/collections/ElementCol.h>
 #include <ZqXmlLib9/engine/Exceptions.h>
@@ -97,8 +98,10 @@ CXmlElement* CElementInfo::FromXml_Int(CXmlObjectBase* object, CXmlElement* pare
 bool CElementInfo::IsThisElement(const CXmlSerializationContext& context,
                                  const CXmlElement* element) const
 {
-    return element != nullptr && element->GetLocalName() == m_elementName
-           && (context.GetIgnoreNamespaces() || element->GetNamespaceURI() == m_elementNamespace);
+    using ZqXmlLib9::IsSameName;
+    return element != nullptr && IsSameName(element->GetLocalName(), m_elementName)
+           && (context.GetIgnoreNamespaces()
+               || IsSameName(element->GetNamespaceURI(), m_elementNamespace));
 }
 
 bool CElementInfo::ElementToXmlPrim(const CXmlSerializationContext&,
@@ -110,7 +113,10 @@ bool CElementInfo::ElementToXmlPrim(const CXmlSerializationContext&,
         return false;
     CheckRestriction(value);
     writer->WriteStartElement(m_elementName, m_elementNamespace);
-    writer->WriteText(value.ToString(m_format), value.GetTypeAsEnum());
+    if (value.GetTypeAsEnum() == ZqXmlLib9::ItemType_string)
+        writer->WriteText(value.GetString(), ZqXmlLib9::ItemType_string);
+    else
+        writer->WriteText(value.ToString(m_format), value.GetTypeAsEnum());
     writer->WriteEndElement();
     return true;
 }
@@ -196,7 +202,12 @@ bool CElementInfo::ScanToThisElement(const SElementReading& reading) const
 void CElementInfo::TakePrim(const SElementReading& reading) const
 {
     ZqVariant value;
-    value.FromString((*reading.cursor)->GetText(), m_itemType, m_whitespaceRule);
+    const std::u16string& text = (*reading.cursor)->GetText();
+    if (m_itemType == ZqXmlLib9::ItemType_string
+        && m_whitespaceRule == CWhitespaceUtils::WhitespaceRule_Preserve)
+        value.LendString(text);  // which has no carriage returns that the rule would take
+    else
+        value.FromString(text, m_itemType, m_whitespaceRule);
     AccessProperty(reading.object, false, value);
     MoveOn(reading);
 }

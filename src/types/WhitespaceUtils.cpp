@@ -10,8 +10,12 @@ bool CWhitespaceUtils::IsWhiteSpace(char16_t c) noexcept
 
 std::u16string CWhitespaceUtils::Preserve(std::u16string_view text)
 {
-    std::u16string result;
+    const std::size_t first = text.find(u'\r');
+    std::u16string result(text.substr(0, first));
+    if (first == std::u16string_view::npos)
+        return result;
     result.reserve(text.size());
+    text.remove_prefix(first + 1);
     while (!text.empty()) {
         const std::u16string_view run = text.substr(0, text.find(u'\r'));
         result.append(run);

@@ -114,6 +114,7 @@ private:
                                              CXmlElement* parent, CXmlElement* cursor,
                                              XmlElementType elementType, bool isOptionalChoice);
     void ReadNil(const CXmlAttribute& attribute);
+    bool IsNilObject() const;
     int GetClassElementInfoCount() const;
 };
 

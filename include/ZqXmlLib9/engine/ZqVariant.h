@@ -19,6 +19,10 @@
 #include <utility>
 #include <variant>
 
+namespace ZqXmlLib9Data {
+class CElementInfo;
+}
+
 namespace ZqXmlLib9 {
 
 /// One value of one of the item types, or none.
@@ -101,7 +105,11 @@ public:
     void SetChar(char16_t value) { Set<char16_t>(ItemType_char, value); }
     char16_t GetChar() const { return Get<char16_t>(); }
     void SetString(std::u16string value) { Set<std::u16string>(ItemType_string, std::move(value)); }
-    const std::u16string& GetString() const { return Get<std::u16string>(); }
+    const std::u16string& GetString() const
+    {
+        const auto* const lent = std::get_if<SLentText>(&m_payload);
+        return lent != nullptr ? *lent->text : Get<std::u16string>();
+    }
     void SetBoolean(bool value) { Set<bool>(ItemType_boolean, value); }
     bool GetBoolean() const { return Get<bool>(); }
     void SetDecimal(const CDecimal& value) { Set<CDecimal>(ItemType_decimal, value); }
@@ -139,11 +147,25 @@ public:
                     CWhitespaceUtils::WhitespaceRule rule);
 
 private:
+    friend class ZqXmlLib9Data::CElementInfo;
+
+    /// A text that belongs to someone else and lives longer than the value. Copies have their own.
+    struct SLentText {
+        const std::u16string* text;
+    };
+    void LendString(const std::u16string& text)
+    {
+        m_payload.emplace<SLentText>(&text);
+        m_type = ItemType_string;
+    }
+    void OwnString();
+
     using Payload =
         std::variant<std::monostate, std::int8_t, std::int16_t, std::int32_t, std::int64_t,
                      std::uint8_t, std::uint16_t, std::uint32_t, std::uint64_t, float, double, bool,
                      char16_t, std::u16string, CBinaryData, CDateTimeSpan, CDateTime, CDecimal,
-                     CBigInteger, CSmartPtr<CXmlObjectBase>, CSmartPtr<CXmlCollectionBase>>;
+                     CBigInteger, CSmartPtr<CXmlObjectBase>, CSmartPtr<CXmlCollectionBase>,
+                     SLentText>;
 
     struct SKind;
     static const SKind* FindKind(ItemType type);

@@ -5,7 +5,13 @@
 #include <ZqXmlLib9/Export.h>
 #include <ZqXmlLib9/metadata/MetadataEnums.h>
 
+#include <atomic>
 #include <string>
+#include <typeinfo>
+
+namespace ZqXmlLib9 {
+class CXmlGeneratedClass;
+}
 
 namespace ZqXmlLib9Data {
 
@@ -37,6 +43,18 @@ public:
     bool GetHasBaseClasses() const noexcept { return m_hasBaseClasses; }
 
 private:
+    friend class ZqXmlLib9::CXmlGeneratedClass;
+
+    /// The class of an object of this record that was found not to be nillable, since the cast that
+    /// tells costs more than the rest of what is done once per object. A copy begins without.
+    struct SPlainClass {
+        SPlainClass() = default;
+        SPlainClass(const SPlainClass&) noexcept {}
+        SPlainClass& operator=(const SPlainClass&) noexcept { return *this; }
+
+        std::atomic<const std::type_info*> type{nullptr};
+    };
+
     XmlElementGroupType m_groupType;
     XmlElementType m_elementType;
     std::u16string m_elementName;
@@ -44,6 +62,7 @@ private:
     int m_elementTextPropertyIndex;
     bool m_failIfAttributeUnknown;
     bool m_hasBaseClasses;
+    mutable SPlainClass m_plainClass;
 };
 
 }  // namespace ZqXmlLib9Data
