@@ -134,9 +134,9 @@ void PrintTimes(const SSummary& summary)
         return;
     }
     const CDateTimeSpan span = Between(*summary.firstTime, *summary.lastTime);
-    std::cout << "first time: " << ToUtf8(summary.firstTime->ToString()) << '\n'
-              << "last time:  " << ToUtf8(summary.lastTime->ToString()) << '\n'
-              << "time span:  " << ToUtf8(span.ToString()) << '\n';
+    std::cout << "first time: " << *summary.firstTime << '\n'
+              << "last time:  " << *summary.lastTime << '\n'
+              << "time span:  " << span << '\n';
 }
 
 void Print(const Gpx::CGpx& gpx, const SSummary& summary)

@@ -63,6 +63,7 @@
 #include <ZqXmlLib9/types/MachineInteger.h>
 #include <ZqXmlLib9/types/OctetSpan.h>
 #include <ZqXmlLib9/types/PrimitiveRestrictions.h>
+#include <ZqXmlLib9/types/StreamOutput.h>
 #include <ZqXmlLib9/types/ValueKind.h>
 #include <ZqXmlLib9/types/WhitespaceUtils.h>
 #include <ZqXmlLib9/xml/BinaryStream.h>
