@@ -3,9 +3,24 @@
 #include <ZqXmlLib9/engine/FormatString.h>
 #include <ZqXmlLib9/engine/Text.h>
 
-#include <algorithm>
-
 namespace ZqXmlLib9 {
+
+/// Nothing is allocated: the collection has changed by then, and its destructor fires too.
+struct CXmlCollectionBase::SEvent {
+    explicit SEvent(CXmlCollectionBase& collection)
+        : source(collection), end(collection.m_listeners.size()), outer(collection.m_event)
+    {
+        source.m_event = this;
+    }
+    SEvent(const SEvent&) = delete;
+    SEvent& operator=(const SEvent&) = delete;
+    ~SEvent() { source.m_event = outer; }
+
+    CXmlCollectionBase& source;
+    std::size_t next = 0;  ///< the listener to be called
+    std::size_t end;       ///< behind the last listener that was there when it began
+    SEvent* outer;         ///< in whose time this one came
+};
 
 CXmlCollectionBase::CXmlCollectionBase() = default;
 
@@ -63,7 +78,15 @@ void CXmlCollectionBase::AddEventListener(IEventSink* listener)
 
 void CXmlCollectionBase::RemoveEventListener(IEventSink* listener)
 {
-    std::erase(m_listeners, listener);
+    for (std::size_t i = m_listeners.size(); i-- > 0;) {
+        if (m_listeners[i] != listener)
+            continue;
+        m_listeners.erase(m_listeners.begin() + static_cast<std::ptrdiff_t>(i));
+        for (SEvent* event = m_event; event != nullptr; event = event->outer) {
+            event->next -= i < event->next ? 1 : 0;
+            event->end -= i < event->end ? 1 : 0;
+        }
+    }
 }
 
 template <typename TFire>
@@ -73,10 +96,8 @@ void CXmlCollectionBase::FireAll(TFire&& fire)
         return;
     const CHold hold(*this);
     // Listeners may come and go in the middle of the event.
-    const std::vector<IEventSink*> present = m_listeners;
-    for (IEventSink* const listener : present)
-        if (std::ranges::find(m_listeners, listener) != m_listeners.end())
-            fire(listener);
+    for (SEvent event(*this); event.next != event.end;)
+        fire(m_listeners[event.next++]);
 }
 
 void CXmlCollectionBase::FireOnCollectionChange()

@@ -11,6 +11,21 @@ constexpr std::size_t kMaxEntries = std::size_t{1} << 20;
 /// Stands in no name.
 constexpr char16_t kSeparator = 1;
 
+/// Adds to a map what its list has got already, or takes it off the list again: an index must mean
+/// the same entry in both.
+template <typename TEntries, typename TAdd>
+void AddOrTakeBack(TEntries& entries, std::size_t sizeBefore, TAdd&& addToMap)
+{
+    try {
+        addToMap();
+    }
+    catch (...) {
+        if (entries.size() != sizeBefore)
+            entries.pop_back();
+        throw;
+    }
+}
+
 }  // namespace
 
 CFIVocabulary::CFIVocabulary() : m_alphabets{u"0123456789-+.e ", u"0123456789-:TZ "}
@@ -25,32 +40,27 @@ CFIVocabulary::~CFIVocabulary() = default;
 
 void CFIVocabulary::AddPrefixName(std::u16string prefix)
 {
-    AddValueToMap(prefix, m_prefixMap);
-    AddValueToVector(std::move(prefix), m_prefixes);
+    AddString(std::move(prefix), m_prefixMap, m_prefixes);
 }
 
 void CFIVocabulary::AddNamespaceName(std::u16string uri)
 {
-    AddValueToMap(uri, m_nameSpaceMap);
-    AddValueToVector(std::move(uri), m_nameSpaces);
+    AddString(std::move(uri), m_nameSpaceMap, m_nameSpaces);
 }
 
 void CFIVocabulary::AddLocalName(std::u16string name)
 {
-    AddValueToMap(name, m_localNameMap);
-    AddValueToVector(std::move(name), m_localNames);
+    AddString(std::move(name), m_localNameMap, m_localNames);
 }
 
 void CFIVocabulary::AddElementValue(std::u16string value)
 {
-    AddValueToMap(value, m_chunkMap);
-    AddValueToVector(std::move(value), m_chunks);
+    AddString(std::move(value), m_chunkMap, m_chunks);
 }
 
 void CFIVocabulary::AddAttributeValue(std::u16string value)
 {
-    AddValueToMap(value, m_attributeValueMap);
-    AddValueToVector(std::move(value), m_attributeValues);
+    AddString(std::move(value), m_attributeValueMap, m_attributeValues);
 }
 
 void CFIVocabulary::AddElement(std::u16string prefix, std::u16string nameSpace,
@@ -113,6 +123,13 @@ void CFIVocabulary::AddValueToVector(std::u16string value, CFIStringTable& table
         table.Append(std::move(value));
 }
 
+void CFIVocabulary::AddString(std::u16string value, Map& map, CFIStringTable& table)
+{
+    const std::size_t size = table.m_entries.size();
+    AddValueToVector(value, table);
+    AddOrTakeBack(table.m_entries, size, [&] { AddValueToMap(value, map); });
+}
+
 void CFIVocabulary::AddQName(std::u16string prefix, std::u16string nameSpace,
                              std::u16string localName, Map& map, CFIQNameTable& table)
 {
@@ -134,8 +151,9 @@ void CFIVocabulary::AddQName(std::u16string prefix, std::u16string nameSpace,
         || (!nameSpace.empty() && !FindNamespaceNameIndex(nameSpace, nameSpaceIndex))
         || !FindLocalNameIndex(localName, localNameIndex))
         return;
-    AddValueToMap(key, map);
+    const std::size_t size = table.m_entries.size();
     AddQNameToVector(prefixIndex, nameSpaceIndex, localNameIndex, table);
+    AddOrTakeBack(table.m_entries, size, [&] { AddValueToMap(key, map); });
 }
 
 void CFIVocabulary::AddQNameToVector(std::uint32_t prefixIndex, std::uint32_t nameSpaceIndex,

@@ -14,15 +14,24 @@
 namespace ZqXmlLib9 {
 namespace {
 
+/// A call that may be interrupted.
+template <typename TCall>
+int Repeat(TCall&& call)
+{
+    int result = 0;
+    do {
+        result = call();
+    } while (result < 0 && errno == EINTR);
+    return result;
+}
+
 /// Opens without waiting, not for a pipe either.
 int OpenDescriptor(std::u16string_view path, int flags, int& descriptor)
 {
     std::string name;
     if (AppendAsUtf8(path, name) != kWholeText)
         return EILSEQ;
-    do {
-        descriptor = ::open(name.c_str(), flags | O_CLOEXEC | O_NONBLOCK, 0666);
-    } while (descriptor < 0 && errno == EINTR);
+    descriptor = Repeat([&] { return ::open(name.c_str(), flags | O_CLOEXEC | O_NONBLOCK, 0666); });
     return descriptor < 0 ? errno : 0;
 }
 
@@ -120,19 +129,27 @@ int CReadFile::FinishRead(std::uint64_t offset, std::span<std::byte> buffer,
 
 CWriteFile::~CWriteFile()
 {
-    static_cast<void>(Close());
+    Discard();
 }
 
 int CWriteFile::Open(std::u16string_view path)
 {
-    static_cast<void>(Close());
-    if (const int error = OpenDescriptor(path, O_WRONLY | O_CREAT | O_TRUNC, m_descriptor))
+    Discard();
+    m_isRegular = false;
+    if (const int error = OpenDescriptor(path, O_WRONLY | O_CREAT, m_descriptor))
         return error;
     // The writes may wait, for the reader of a pipe.
     const int flags = ::fcntl(m_descriptor, F_GETFL);
-    if (flags < 0 || ::fcntl(m_descriptor, F_SETFL, flags & ~O_NONBLOCK) != 0)
+    struct stat status {};
+    if (flags < 0 || ::fcntl(m_descriptor, F_SETFL, flags & ~O_NONBLOCK) != 0
+        || ::fstat(m_descriptor, &status) != 0)
         return errno;
     m_canSeek = ::lseek(m_descriptor, 0, SEEK_CUR) >= 0;
+    if (!S_ISREG(status.st_mode))
+        return 0;
+    if (Repeat([this] { return ::ftruncate(m_descriptor, 0); }) != 0)
+        return errno;
+    m_isRegular = true;
     return 0;
 }
 
@@ -166,9 +183,26 @@ int CWriteFile::Close()
 {
     m_written = 0;
     m_error = 0;
+    // The descriptor is gone after any outcome; a second close could hit another one's. So a copy
+    // of it is there to empty the file, should the system find only now that it can't be written.
+    const int copy = m_isRegular ? ::fcntl(m_descriptor, F_DUPFD_CLOEXEC, 0) : -1;
+    const int descriptor = std::exchange(m_descriptor, copy);
+    const int error = descriptor < 0 || ::close(descriptor) == 0 ? 0 : errno;
+    if (error == 0)
+        m_isRegular = false;
+    Discard();
+    return error;
+}
+
+void CWriteFile::Discard()
+{
     const int descriptor = std::exchange(m_descriptor, -1);
-    // The descriptor is gone after any outcome; a second close could hit another one's.
-    return descriptor < 0 || ::close(descriptor) == 0 ? 0 : errno;
+    if (descriptor < 0)
+        return;
+    // Nothing is left to try where this fails.
+    if (std::exchange(m_isRegular, false))
+        static_cast<void>(Repeat([&] { return ::ftruncate(descriptor, 0); }));
+    ::close(descriptor);
 }
 
 }  // namespace ZqXmlLib9

@@ -35,7 +35,10 @@ private:
     int m_descriptor = -1;
 };
 
-/// A file that is open for writing, closed at the end of its life. One write at a time.
+/// A file that is open for writing. One write at a time.
+///
+/// A regular file that isn't closed with success is emptied: no part of a document stays behind that
+/// could be taken for the whole of it.
 ///
 /// Writes go to the page cache, which the system writes out while the program goes on: so the octets
 /// are taken before `StartWrite` returns, and their outcome is known to `FinishWrite`. What the
@@ -47,8 +50,8 @@ public:
     CWriteFile& operator=(const CWriteFile&) = delete;
     ~CWriteFile();
 
-    /// Creates a file, or empties the one that is there. It never waits: a pipe that nobody reads
-    /// is a failure.
+    /// Creates a file, or empties the one that is there, which is the last thing that can fail. It
+    /// never waits: a pipe that nobody reads is a failure.
     int Open(std::u16string_view path);
 
     /// Begins to write all of the octets at an offset; what cannot seek takes them where it stands.
@@ -59,10 +62,13 @@ public:
 
     /// Closes the file, whatever the outcome is. Without an open file there is nothing to fail.
     int Close();
+    /// Closes what can't be written to its end.
+    void Discard();
 
 private:
     int m_descriptor = -1;
     bool m_canSeek = true;
+    bool m_isRegular = false;
     std::size_t m_written = 0;
     int m_error = 0;
 };

@@ -46,7 +46,12 @@ std::uint16_t DigitAt(const std::vector<std::uint16_t>& digits, std::size_t plac
 
 CBigInteger::CBigInteger() : m_digits{0} {}
 CBigInteger::CBigInteger(const CBigInteger&) = default;
-CBigInteger& CBigInteger::operator=(const CBigInteger&) = default;
+CBigInteger& CBigInteger::operator=(const CBigInteger& other)
+{
+    m_digits = other.m_digits;  // may fail, and then the value stays
+    m_sign = other.m_sign;
+    return *this;
+}
 CBigInteger::~CBigInteger() = default;
 
 CBigInteger::CBigInteger(CBigInteger&& other) noexcept

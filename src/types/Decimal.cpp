@@ -331,15 +331,17 @@ CDecimal& CDecimal::operator-=(const CDecimal& other)
     return *this += other.GetNegative();
 }
 
+// What fails midway leaves this value as it was.
 CDecimal& CDecimal::operator*=(const CDecimal& other)
 {
-    const std::int32_t places = m_places + other.m_places;
-    m_unscaled *= other.m_unscaled;
-    m_places = places;
-    if (m_unscaled.IsZero())
-        m_unscaled.Abs();
-    CleanAndCap();
-    return *this;
+    CDecimal product;
+    CBigInteger::Multiply(m_unscaled.m_digits, other.m_unscaled.m_digits,
+                          product.m_unscaled.m_digits);
+    product.m_places = m_places + other.m_places;
+    product.m_unscaled.m_sign =
+        product.m_unscaled.IsZero() ? 1 : m_unscaled.m_sign * other.m_unscaled.m_sign;
+    product.CleanAndCap();
+    return *this = std::move(product);
 }
 
 CDecimal& CDecimal::operator/=(const CDecimal& other)
@@ -352,12 +354,12 @@ CDecimal& CDecimal::operator/=(const CDecimal& other)
                            static_cast<unsigned>(std::abs(shift)));
     CBigInteger::Clean(dividend.m_digits);
     CBigInteger::Clean(divisor.m_digits);
-    m_unscaled = std::move(dividend) / divisor;
-    m_places = places;
-    if (m_unscaled.IsZero())
-        m_unscaled.Abs();
-    CleanAndCap();
-    return *this;
+    CDecimal quotient(std::move(dividend) / divisor);
+    quotient.m_places = places;
+    if (quotient.m_unscaled.IsZero())
+        quotient.m_unscaled.Abs();
+    quotient.CleanAndCap();
+    return *this = std::move(quotient);
 }
 
 CDecimal& CDecimal::operator++()

@@ -68,11 +68,17 @@ struct SFree {
 template <typename T>
 using Owned = std::unique_ptr<T, SFree>;
 
+/// Lack of memory says nothing about pattern or value.
+void ThrowIfOutOfMemory(bool isOut)
+{
+    if (isOut)
+        throw std::bad_alloc();
+}
+
 template <typename T>
 Owned<T> Own(T* made)
 {
-    if (made == nullptr)
-        throw std::bad_alloc();
+    ThrowIfOutOfMemory(made == nullptr);
     return Owned<T>(made);
 }
 
@@ -88,6 +94,7 @@ Owned<pcre2_code> Compile(const std::string& pattern)
     pcre2_code* const code =
         pcre2_compile(ToUnits(pattern), pattern.size(), PCRE2_UTF, &error, &offset, nullptr);
     if (code == nullptr) {
+        ThrowIfOutOfMemory(error == PCRE2_ERROR_HEAP_FAILED);
         std::array<PCRE2_UCHAR, 256> message{};
         pcre2_get_error_message(error, message.data(), message.size());
         throw CZqException(FormatString(u"Invalid Regular Expression: %hs Error: '%hs'", pattern,
@@ -112,6 +119,7 @@ public:
         const auto data = Own(pcre2_match_data_create_from_pattern(m_code.get(), nullptr));
         const int result = pcre2_match(m_code.get(), ToUnits(value), value.size(), 0,
                                        PCRE2_ANCHORED, data.get(), m_limits.get());
+        ThrowIfOutOfMemory(result == PCRE2_ERROR_NOMEMORY);
         const PCRE2_SIZE* const match = pcre2_get_ovector_pointer(data.get());
         return result > 0 && match[0] == 0 && match[1] == value.size();
     }

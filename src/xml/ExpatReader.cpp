@@ -245,8 +245,10 @@ void CExpatReader::Feed(std::span<const std::byte> data, bool final)
 
 void CExpatReader::ThrowParserError()
 {
-    throw CZqException(FormatString(u"%S at line %I64d",
-                                    XML_ErrorString(XML_GetErrorCode(m_parser.get())),
+    const XML_Error error = XML_GetErrorCode(m_parser.get());
+    if (error == XML_ERROR_NO_MEMORY)
+        throw std::bad_alloc();
+    throw CZqException(FormatString(u"%S at line %I64d", XML_ErrorString(error),
                                     XML_GetCurrentLineNumber(m_parser.get())));
 }
 

@@ -14,12 +14,12 @@ namespace {
 /// U+FEFF as UTF-16, least significant octet first.
 constexpr std::array<std::byte, 2> kMark{std::byte{0xFF}, std::byte{0xFE}};
 
-/// A failure closes the file.
+/// A failure leaves no part of a document.
 void ThrowIf(int error, CWriteFile& file, const std::u16string& name)
 {
     if (error == 0)
         return;
-    static_cast<void>(file.Close());
+    file.Discard();
     throw CZqException(
         FormatString(u"Failed to write data to the file [%s] error [0x%08X]", name, error));
 }

@@ -48,7 +48,7 @@ void CFileTextStream::Close()
 {
     Flush();
     if (GetPendingLength() != 0) {
-        static_cast<void>(m_file->Close());
+        m_file->Discard();
         ThrowUnpairedSurrogate(*GetText(), m_flushedUnits);
     }
     FinishWrite();
@@ -67,7 +67,7 @@ void CFileTextStream::ThrowIf(int error)
 {
     if (error == 0)
         return;
-    static_cast<void>(m_file->Close());
+    m_file->Discard();
     throw CZqException(FormatString(u"Failed to write data to the file. Error [0x%08X]", error));
 }
 

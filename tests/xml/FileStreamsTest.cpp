@@ -145,7 +145,7 @@ TEST(Failure, ComesFromTheLimitsOfAProcess)
     for (const EWay way : kWays) {
         std::filesystem::permissions(file.GetPath(), std::filesystem::perms::owner_all);
         EXPECT_EXIT(WriteInLimits(way, file, true), good, "rror \\[0x0000001B\\]");
-        EXPECT_EQ(file.GetContent(), std::string(5000, 'x'));
+        EXPECT_EQ(file.GetContent(), "");
         std::filesystem::permissions(file.GetPath(), std::filesystem::perms::none);
         EXPECT_EXIT(WriteInLimits(way, file, false), good, "error \\[0x0000000D\\]");
     }

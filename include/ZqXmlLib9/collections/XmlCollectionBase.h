@@ -78,11 +78,14 @@ protected:
     void FireOnCollectionRemoveComplete(int index);
 
 private:
+    struct SEvent;
+
     template <typename TFire>
     void FireAll(TFire&& fire);
 
     std::u16string m_targetNamespace;
     std::vector<IEventSink*> m_listeners;  ///< not owned, in order of registration
+    SEvent* m_event = nullptr;             ///< the innermost one that is on its way
     std::int32_t m_minOccurs = 0;
     std::int32_t m_maxOccurs = -1;
 };

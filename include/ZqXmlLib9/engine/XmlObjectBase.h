@@ -56,8 +56,9 @@ public:
     /// The object itself, as its base class.
     virtual CXmlObjectBase* GetBase() = 0;
 
-    /// Writes the object to a file, which is replaced if it is there; a failure may leave a part of
-    /// it. A file of UTF-16 begins with the mark FF FE. Where it is compressed, that mark stands in
+    /// Writes the object to a file, which is replaced if it is there. It stays as it was where it
+    /// can't be opened; after any later failure it is empty, so that no part of a document is taken
+    /// for the whole of it (a pipe or a device has what it was sent). A file of UTF-16 begins with the mark FF FE. Where it is compressed, that mark stands in
     /// front of the gzip octets: this library skips it, other tools don't.
     /// \throws CZqException  "ZLIB Compression only available for To Stream methods.", before
     ///         anything else; "Failed to write data to the file [%s] error [0x%08X]", or with

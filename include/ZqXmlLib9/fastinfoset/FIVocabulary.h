@@ -143,6 +143,7 @@ private:
     /// A key that is there keeps its index.
     static void AddValueToMap(std::u16string_view value, Map& map);
     static void AddValueToVector(std::u16string value, CFIStringTable& table);
+    static void AddString(std::u16string value, Map& map, CFIStringTable& table);
     void AddQName(std::u16string prefix, std::u16string nameSpace, std::u16string localName,
                   Map& map, CFIQNameTable& table);
     static void AddQNameToVector(std::uint32_t prefixIndex, std::uint32_t nameSpaceIndex,

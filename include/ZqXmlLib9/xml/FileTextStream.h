@@ -17,12 +17,13 @@ class CWriteFile;
 /// while the text grows. Positions have 64 bits.
 ///
 /// Failures are `CZqException`; the codes in their messages are errno. After one the stream is good
-/// for nothing but another `Open`, and a part of the file may have been written. One thread at a
-/// time.
+/// for nothing but another `Open`. What a file holds before `Open` stays where that fails; any later
+/// failure leaves the file empty, so that no part of a text is taken for the whole of it. That goes
+/// for regular files; a pipe or a device has what it was sent. One thread at a time.
 class ZQXMLLIB9_API CFileTextStream : public CTextStream {
 public:
     CFileTextStream(const char16_t* fileName, XmlEncoding encoding);
-    /// Closes the file if it is still open, without a flush.
+    /// Empties the file if it is still open: it isn't whole.
     ~CFileTextStream() override;
 
     /// Creates the file, or replaces the one that is there. A file of UTF-16 begins with the mark
@@ -30,7 +31,8 @@ public:
     /// \throws CZqException  "Failed to write data to the file [%s] error [0x%08X]"; "Unknown
     ///         Encoding, select UTF-8 (...", and the file that is there is then left alone
     void Open() override;
-    /// Flushes what is left. Only now is the file known to be written as a whole.
+    /// Flushes what is left. Only now is the file known to be written as a whole, as far as the
+    /// system goes: nothing waits for the disk.
     /// \throws CZqException              as `Flush`
     /// \throws CZqInvalidValueException  the text has to be UTF-8 and ends with half a surrogate
     ///         pair

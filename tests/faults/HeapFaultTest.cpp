@@ -1,0 +1,275 @@
+// Every allocation of a scenario fails in turn: the outcome is std::bad_alloc or as if nothing had
+// failed, what is left is what the docstrings promise, another try succeeds, and nothing leaks.
+
+#include "support/HeapFault.h"
+#include "support/Print.h"
+#include "support/TempFile.h"
+
+#include <Orders.h>
+
+#include <gtest/gtest.h>
+
+namespace ZqXmlLib9 {
+namespace {
+
+using Orders::COrders;
+using Run = CHeapFaultRun;
+
+constexpr const char16_t* kText = uR"(<?xml version="1.0"?>
+<orders xmlns="urn:example:orders">
+	<order id="1001" status="shipped">
+		<orderDate>2024-03-01T09:15:00Z</orderDate>
+		<customer>
+			<name>Käthe Öhlmann &amp; Söhne</name>
+			<address>
+				<street>Große Straße 5</street>
+				<city>Osnabrück</city>
+				<zip>49074</zip>
+				<country>DE</country>
+			</address>
+		</customer>
+		<item>
+			<sku>BR-0042</sku>
+			<description>Brass screw</description>
+			<quantity>400</quantity>
+			<price>0.0375</price>
+			<weight>0.0021</weight>
+			<shipDate>2024-03-04</shipDate>
+		</item>
+		<item>
+			<sku>BR-0042</sku>
+			<description/>
+			<quantity>400</quantity>
+			<price>123456789012345678901234567890.1234567890123456789</price>
+		</item>
+		<tag>wholesale</tag>
+		<tag>wholesale</tag>
+	</order>
+</orders>
+)";
+
+/// What a tree is, with the default namespace of the orders, with integers of all sizes as octets.
+const CXmlSerializationContext& Context()
+{
+    static CXmlSerializationContext context;
+    context.SetDefaultNamespaceURI(Orders::kNamespace);
+    context.GetFIContext().SetSuggestedValues();
+    return context;
+}
+
+CSmartPtr<COrders> Read(const char16_t* text)
+{
+    const CSmartPtr<COrders> orders = new COrders();
+    orders->FromXml(text, Context());
+    return orders;
+}
+
+std::string Text(const CXmlObjectBase& object)
+{
+    return U8(object.ToXml(true, true, EOLType_LF, Context()));
+}
+
+void WriteText(Run& run)
+{
+    const CSmartPtr<COrders> orders = Read(kText);
+    std::string text;
+    run.Try([&] { text = Text(*orders); }, [&] { EXPECT_EQ(text, ""); });
+    EXPECT_EQ(text, U8(kText));
+}
+
+void ReadText(Run& run)
+{
+    const CSmartPtr<COrders> orders = Read(kText);
+    run.Try([&] { orders->FromXml(kText, Context()); });
+    EXPECT_EQ(Text(*orders), U8(kText));
+}
+
+/// The object in octets, and back.
+void PassOctets(Run& run, bool isWriting, CBinaryData (*write)(const COrders&))
+{
+    const CSmartPtr<COrders> orders = Read(kText);
+    CBinaryData octets;
+    if (!isWriting)
+        octets = write(*orders);
+    run.Try([&] { isWriting ? octets = write(*orders) : (orders->FromXmlStream(octets), octets); });
+    orders->FromXmlStream(octets);
+    EXPECT_EQ(Text(*orders), U8(kText));
+}
+
+CBinaryData ToFastInfoset(const COrders& orders)
+{
+    return orders.ToFastInfosetStream(FInfoDecl_None, Context());
+}
+
+CBinaryData ToGzip(const COrders& orders)
+{
+    return orders.ToXmlStream(true, true, XmlEncoding_UTF16, EOLType_LF, Context(),
+                              CompressionType_GZIP);
+}
+
+void WriteFastInfoset(Run& run)
+{
+    PassOctets(run, true, ToFastInfoset);
+}
+
+void ReadFastInfoset(Run& run)
+{
+    PassOctets(run, false, ToFastInfoset);
+}
+
+void WriteGzip(Run& run)
+{
+    PassOctets(run, true, ToGzip);
+}
+
+void ReadGzip(Run& run)
+{
+    PassOctets(run, false, ToGzip);
+}
+
+/// A message in place of an object: a chain of failures, or none for lack of memory.
+void RefuseText(Run& run)
+{
+    std::u16string text = kText;
+    text.replace(text.find(u"400"), 3, u"4x0");
+    std::string message;
+    run.Try([&] {
+        try {
+            Read(text.c_str());
+        }
+        catch (const CZqException& failure) {
+            message = failure.GetFullMessageUtf8();
+        }
+    });
+    EXPECT_TRUE(message.starts_with("Failed to process the element [orders]\n")) << message;
+    EXPECT_TRUE(message.ends_with("The value [4x0] can not be converted to a ui4")) << message;
+}
+
+void LoadFile(Run& run)
+{
+    const CTempFile file("<a>" + std::string(200'000, 'x') + "</a>");
+    const std::u16string name = file.GetName();
+    for (const bool isAsync : {true, false}) {
+        AsyncFromXmlFile(isAsync);
+        CXmlDocument document;
+        run.Try([&] { document.Load(name.c_str()); },
+                [&] { EXPECT_TRUE(!isAsync || document.GetDocumentElement() == nullptr); });
+        EXPECT_EQ(document.GetDocumentElement()->GetText().size(), 200'000u);
+    }
+}
+
+/// The old content, or none: no part of the new one.
+void WriteFile(Run& run)
+{
+    const CTempFile file("old");
+    const std::u16string name = file.GetName();
+    const CSmartPtr<COrders> orders = Read(kText);
+    for (const bool isAsync : {true, false}) {
+        AsyncToXmlFile(isAsync);
+        run.Try([&] { orders->ToXmlFile(name.c_str(), false, true); },
+                [&] { EXPECT_TRUE(file.GetContent().size() <= 3) << file.GetContent(); });
+        EXPECT_EQ(file.GetContent(), U8(orders->ToXml(false, true)));
+        std::filesystem::resize_file(file.GetPath(), 3);
+    }
+    AsyncToXmlFile(false);
+}
+
+/// Half of a text is never in a stream.
+void FillStream(Run& run)
+{
+    CTextStream stream(XmlEncoding_UTF8);
+    const std::u16string text(10'000, u'x');
+    std::string octets;
+    run.Try(
+        [&] {
+            stream.Open();
+            stream.WriteString(text);
+            const CBinaryData data = stream.GetEncodedData();
+            octets.assign(reinterpret_cast<const char*>(data.GetData()), data.GetLength());
+        },
+        [&] { EXPECT_EQ(std::u16string(stream.GetText()).size(), stream.GetPendingLength()); });
+    EXPECT_TRUE(octets == U8(text));
+}
+
+void CloneElement(Run& run)
+{
+    const CSmartPtr<CElement> element = new CElement(u"");
+    element->FromXml(u"<a xmlns='urn:one' b='1'><c>text</c><d xmlns='urn:two'><e/></d></a>");
+    CSmartPtr<CElement> copy, clone;
+    run.Try([&] {
+        copy = new CElement(element.Get(), u"urn:two");
+        clone = element->Clone();
+        clone->SetText(u"a text that needs memory");
+        clone->GetAttributes()->Clone()->Add(u"a", u"a value that needs memory");
+    });
+    const std::string content =
+        " b=\"1\"><AA:c>text</AA:c><AB:d xmlns:AB=\"urn:two\"><AB:e/></AB:d></AA:a>";
+    EXPECT_EQ(U8(element->ToXml(false, false)), "<AA:a xmlns:AA=\"urn:one\"" + content);
+    EXPECT_EQ(copy->GetChildElements()->GetCount(), 2);
+    EXPECT_EQ(clone->GetChildElements()->GetCount(), 2);
+}
+
+void PackOctets(Run& run)
+{
+    const CBinaryData plain(reinterpret_cast<const unsigned char*>(kText), 1000);
+    CBinaryData shared = plain, text, packed = plain;
+    run.Try(
+        [&] {
+            shared.Append(u"more");
+            shared[0] = 1;
+            text.SetAsBase64(shared.GetAsBase64());
+        },
+        [&] {
+            EXPECT_TRUE(shared == plain || shared.GetLength() == 1008);
+            shared = plain;
+        });
+    EXPECT_EQ(text, shared);
+    run.Try([&] { CZqZip::Compress(packed, CompressionType_ZLIB); },
+            [&] {
+                EXPECT_TRUE(packed == plain || packed == CBinaryData());
+                packed = plain;
+            });
+    const std::span octets = std::as_bytes(std::span(packed.GetData(), packed.GetLength()));
+    run.Try([&] { CZqZip::Decompress(octets, text, 1000); }, [&] { EXPECT_EQ(text, shared); });
+    EXPECT_EQ(text, plain);
+}
+
+void FillContext(Run& run)
+{
+    CXmlSerializationContext context;
+    run.Try([&] {
+        context.GetNamespaceAliases().Add(u"a prefix beyond the short ones", u"urn:of:the:prefix");
+        context.SetDefaultNamespaceURI(u"urn:of:the:default:namespace");
+        const CXmlSerializationContext copy(context);
+        context = copy;
+        copy.GetAdditionalRootAttributes()->Add(u"name", u"value", u"urn:of:the:attribute");
+    });
+    EXPECT_GE(context.GetNamespaceAliases().GetNamespaceCount(), 1);
+}
+
+struct SScenario {
+    const char* name;
+    void (*run)(CHeapFaultRun&);
+};
+
+class WithoutMemory : public testing::TestWithParam<SScenario> {};
+
+TEST_P(WithoutMemory, FailsCleanlyAtEveryAllocation)
+{
+    FailEveryAllocation(GetParam().run);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Each, WithoutMemory,
+    testing::Values(SScenario{"WriteText", WriteText}, SScenario{"ReadText", ReadText},
+                    SScenario{"WriteFastInfoset", WriteFastInfoset},
+                    SScenario{"ReadFastInfoset", ReadFastInfoset},
+                    SScenario{"WriteGzip", WriteGzip}, SScenario{"ReadGzip", ReadGzip},
+                    SScenario{"RefuseText", RefuseText}, SScenario{"LoadFile", LoadFile},
+                    SScenario{"WriteFile", WriteFile}, SScenario{"FillStream", FillStream},
+                    SScenario{"CloneElement", CloneElement}, SScenario{"PackOctets", PackOctets},
+                    SScenario{"FillContext", FillContext}),
+    kRowName);
+
+}  // namespace
+}  // namespace ZqXmlLib9
