@@ -4,7 +4,6 @@
 #include "model/Custom.h"
 #include "support/Print.h"
 
-#include <functional>
 #include <string>
 
 namespace TestModel {
@@ -80,11 +79,12 @@ inline std::string Describe(CXmlObjectBase* object)
     return text + ")";
 }
 
-/// A value as text: x, #2, name(...), [n], <open>, null.
+/// A value as text: x, '' for an empty one, #2, name(...), [n], <open>, null, - for none.
 inline std::string Describe(const ZqVariant& value)
 {
     switch (value.GetTypeAsEnum()) {
-    case ZqXmlLib9::ItemType_string: return U8(value.GetString());
+    case ZqXmlLib9::ItemType_string:
+        return value.GetString().empty() ? "''" : U8(value.GetString());
     case ZqXmlLib9::ItemType_i4: return "#" + std::to_string(value.GetI4());
     case ZqXmlLib9::ItemType_xmlObject: return Describe(value.GetXmlObject().Get());
     case ZqXmlLib9::ItemType_xmlCollection:
@@ -92,17 +92,6 @@ inline std::string Describe(const ZqVariant& value)
     default: return "-";
     }
 }
-
-/// One record in a class, and what comes of a document.
-struct SGridCase {
-    const char* name;
-    std::function<CClass&(CClass&)> record;
-    std::function<ZqVariant()> property;  ///< property 0, before the read
-    unsigned flags;                       ///< 1 ignores unknown elements, 2 missing mandatory ones
-    bool isInGroup;
-    const char* xml;
-    const char* outcome;
-};
 
 inline ZqVariant Nothing()
 {
@@ -127,44 +116,6 @@ inline ZqVariant Items()
 inline ZqVariant OpenElements()
 {
     return CollectionValue(new ZqXmlLib9::CElementCol(u"", u"##any", u"", 1, 2));
-}
-
-constexpr unsigned kUnknown = 1;
-constexpr unsigned kMissing = 2;
-
-/// Reads a document into a class of this group with the record of the case as its first one and,
-/// for sequences and all groups, an element z behind it. Tells the properties, or the last message.
-inline std::string ReadGrid(const SGridCase& row, XmlElementGroupType group)
-{
-    CClass type(Info(group, row.isInGroup ? XmlElementType_Pseudo : XmlElementType_Element),
-                u"urn:parent");
-    row.record(type);
-    if (group == XmlElementGroupType_Sequence)
-        type.Text(u"z", 1);
-    if (group == XmlElementGroupType_All)
-        type.Text<CElementInfoAllPrimOpt>(u"z", 1);
-    CClass outer(Info());
-    outer.Child(u"group", 0, XmlElementType_Pseudo);
-
-    const CSmartPtr<CCustom> object = new CCustom(type, u"r");
-    (*object)[0] = row.property();
-    CSmartPtr<CCustom> root = object;
-    if (row.isInGroup) {
-        root = new CCustom(outer);
-        (*root)[0] = ObjectValue(object.Get());
-    }
-    CXmlSerializationContext context;
-    context.SetIgnoreUnknownElements((row.flags & kUnknown) != 0);
-    context.SetIgnoreMissingMandatoryElements((row.flags & kMissing) != 0);
-    CCustom::s_log.clear();
-    try {
-        root->FromXml(row.xml, context);
-    }
-    catch (const ZqXmlLib9::CZqException& failure) {
-        const std::string chain = failure.GetFullMessageUtf8();
-        return chain.substr(chain.rfind('\n') + 1);
-    }
-    return Describe((*object)[0]) + " " + Describe((*object)[1]);
 }
 
 }  // namespace TestModel
