@@ -31,6 +31,8 @@ TEST(Guards, NameThePropertyAndTheElement)
     EXPECT_EQ(MessageOf<CZqInvalidParamException>(
                   [&] { object->Throw_IfPropertyIsNull(nullptr, u"name"); }),
               "The Property [name] is mandatory, it may node be NULL");
+    const CXmlElement* const none = nullptr;
+    EXPECT_THROW(object->FromXmlElement(none), CZqInvalidParamException);
 }
 
 TEST(Selection, FollowsTheMemberThatIsSet)
@@ -159,38 +161,6 @@ TEST(ChoiceReadCollection, ReadsOnce)
     collection->Choice_Read_Collection(collection.Get(), root, cursor, count, context);
     EXPECT_NE(cursor, nullptr);
     EXPECT_EQ(collection->GetCount(), 2);
-}
-
-TEST(Copy, HasItsOwnCount)
-{
-    const CSmartPtr<CCustom> object = new CCustom(PlainClass(), u"name");
-    const CSmartPtr<CCustom> copy = new CCustom(*object);
-    EXPECT_EQ(U8(copy->GetElementName()), "name");
-    const CSmartPtr<CCustom> another = copy;
-    EXPECT_EQ(copy->AddRef(), 3);
-    EXPECT_EQ(copy->Release(), 2);
-    EXPECT_EQ(object->AddRef(), 2);
-    EXPECT_EQ(object->Release(), 1);
-}
-
-TEST(CleanMetaData, FreesAndNulls)
-{
-    auto* parent = new CParentElementInfo(Info());
-    auto** elements = new CElementInfo* [] {
-        new CElementInfoSeqClsCol(u"a", u"", 0, XmlElementType_Element), nullptr
-    };
-    CAttributeInfo** attributes = nullptr;
-    CCustom::CleanMetaData(parent, elements, attributes);
-    EXPECT_EQ(parent, nullptr);
-    EXPECT_EQ(elements, nullptr);
-    CCustom::CleanMetaData(parent, elements, attributes);
-}
-
-TEST(FromXmlElement, RefusesNull)
-{
-    const CSmartPtr<CCustom> object = new CCustom(PlainClass());
-    const CXmlElement* const none = nullptr;
-    EXPECT_THROW(object->FromXmlElement(none), CZqInvalidParamException);
 }
 
 TEST(Variant, KeepsWhatItHoldsByItsRules)
