@@ -79,11 +79,11 @@ protected:
     }
 };
 
-extern template class CDateCollectionOf<ItemType_datetime, DTType_dateTime>;
-extern template class CDateCollectionOf<ItemType_date, DTType_date>;
-extern template class CDateCollectionOf<ItemType_yearMonth, DTType_gYearMonth>;
-extern template class CDateCollectionOf<ItemType_time, DTType_time>;
-extern template class CDateCollectionOf<ItemType_monthDay, DTType_gMonthDay>;
+extern template class ZQXMLLIB9_API CDateCollectionOf<ItemType_datetime, DTType_dateTime>;
+extern template class ZQXMLLIB9_API CDateCollectionOf<ItemType_date, DTType_date>;
+extern template class ZQXMLLIB9_API CDateCollectionOf<ItemType_yearMonth, DTType_gYearMonth>;
+extern template class ZQXMLLIB9_API CDateCollectionOf<ItemType_time, DTType_time>;
+extern template class ZQXMLLIB9_API CDateCollectionOf<ItemType_monthDay, DTType_gMonthDay>;
 
 class ZQXMLLIB9_API CdatetimeCol : public CDateCollectionOf<ItemType_datetime, DTType_dateTime> {
 public:

@@ -7,26 +7,26 @@
 
 namespace ZqXmlLib9 {
 
-extern template class CValueCollection<ItemType_i1>;
-extern template class CValueCollection<ItemType_i2>;
-extern template class CValueCollection<ItemType_i4>;
-extern template class CValueCollection<ItemType_i8>;
-extern template class CValueCollection<ItemType_ui1>;
-extern template class CValueCollection<ItemType_ui2>;
-extern template class CValueCollection<ItemType_ui4>;
-extern template class CValueCollection<ItemType_ui8>;
-extern template class CValueCollection<ItemType_r4>;
-extern template class CValueCollection<ItemType_r8>;
-extern template class CValueCollection<ItemType_decimal>;
-extern template class CValueCollection<ItemType_integer>;
-extern template class CValueCollection<ItemType_string>;
-extern template class CValueCollection<ItemType_boolean>;
-extern template class CValueCollection<ItemType_year>;
-extern template class CValueCollection<ItemType_month>;
-extern template class CValueCollection<ItemType_day>;
-extern template class CValueCollection<ItemType_duration>;
-extern template class CValueCollection<ItemType_hexBinary>;
-extern template class CValueCollection<ItemType_base64Binary>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_i1>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_i2>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_i4>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_i8>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_ui1>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_ui2>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_ui4>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_ui8>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_r4>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_r8>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_decimal>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_integer>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_string>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_boolean>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_year>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_month>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_day>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_duration>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_hexBinary>;
+extern template class ZQXMLLIB9_API CValueCollection<ItemType_base64Binary>;
 
 class ZQXMLLIB9_API Ci1Col : public CValueCollection<ItemType_i1> {
 public:
