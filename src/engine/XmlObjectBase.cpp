@@ -10,9 +10,9 @@
 namespace ZqXmlLib9 {
 namespace {
 
-/// Enough that the objects of usual documents are destroyed at once; they take 130 KiB of stack at
-/// the most, without optimisation.
-constexpr int kMaxNestedDestructions = 256;
+/// Enough that the objects of usual documents are destroyed at once; without optimisation, one
+/// that is held by a variant in a vector takes a KiB of stack.
+constexpr int kMaxNestedDestructions = 64;
 
 /// The count of an object that is being destroyed, or waits for that: whoever holds it for a moment
 /// (its own events do) must not bring the count to 0 again.

@@ -4,10 +4,10 @@
 #include "model/Custom.h"
 #include "model/Letter.h"
 #include "support/Print.h"
+#include "support/Stack.h"
 
 #include <gtest/gtest.h>
 
-#include <pthread.h>
 #include <random>
 
 namespace ZqXmlLib9 {
@@ -191,7 +191,7 @@ constexpr int kLevels = 100'000;
 constexpr int kLevels = 1'000'000;
 #endif
 
-void* GoDeep(void*)
+void GoDeep()
 {
     CSmartPtr<CElement> top = new CElement(u"leaf", u"urn:leaf");
     for (int i = 1; i < kLevels; ++i) {
@@ -203,17 +203,11 @@ void* GoDeep(void*)
     top = nullptr;
     EXPECT_NO_THROW(clone->SetNamespaceRestrictions(u"urn:leaf", u""));
     EXPECT_THROW(clone->SetNamespaceRestrictions(u"##local", u""), CZqInvalidNamespaceException);
-    return nullptr;
 }
 
 TEST(Depth, NeedsNoStackWhereNothingIsWritten)
 {
-    pthread_attr_t attributes;
-    pthread_t thread;
-    ASSERT_EQ(pthread_attr_init(&attributes) + pthread_attr_setstacksize(&attributes, 1 << 18), 0);
-    ASSERT_EQ(pthread_create(&thread, &attributes, GoDeep, nullptr), 0);
-    ASSERT_EQ(pthread_join(thread, nullptr), 0);
-    pthread_attr_destroy(&attributes);
+    RunOnStack(std::size_t{256} << 10, GoDeep);
 }
 
 TEST(DocumentRoot, TakesNothingFromTheContext)

@@ -1,6 +1,7 @@
 // The tree that comes out of a document, and that its depth never costs stack.
 
 #include "support/Print.h"
+#include "support/Stack.h"
 
 #include <ZqXmlLib9/engine/XmlSerializationContext.h>
 #include <ZqXmlLib9/xml/TextStream.h>
@@ -12,7 +13,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <pthread.h>
 
 namespace ZqXmlLib9 {
 namespace {
@@ -127,17 +127,7 @@ TEST(SmallStack, IsEnoughToDestroyWhatIsDeep)
     deep.second->SetMaxDepth(100'000);
     for (int level = 0; level < 100'000; ++level)
         deep.second->WriteStartElement(u"a", u"urn:x");
-    pthread_attr_t attributes;
-    pthread_attr_init(&attributes);
-    pthread_attr_setstacksize(&attributes, 256 * 1024);
-    const auto run = [](void* argument) -> void* {
-        *static_cast<decltype(deep)*>(argument) = {};
-        return nullptr;
-    };
-    pthread_t thread;
-    ASSERT_EQ(pthread_create(&thread, &attributes, run, &deep), 0);
-    pthread_join(thread, nullptr);
-    pthread_attr_destroy(&attributes);
+    RunOnStack(std::size_t{256} << 10, [&deep] { deep = {}; });
 }
 
 }  // namespace

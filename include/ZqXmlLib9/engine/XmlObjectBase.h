@@ -185,7 +185,7 @@ public:
     /// \return the new count
     std::int32_t AddRef() const noexcept;
     /// Destroys the object at 0. However deep a structure of objects is, its destruction needs
-    /// little stack: beyond 256 nested destructions on a thread, further ones wait in a queue.
+    /// little stack: beyond 64 nested destructions on a thread, further ones wait in a queue.
     /// \return the new count
     std::int32_t Release() const noexcept;
 

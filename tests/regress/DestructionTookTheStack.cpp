@@ -1,0 +1,22 @@
+// Without optimisation, 256 nested destructions of objects in variants took more than 256 KiB of stack.
+
+#include "model/Custom.h"
+#include "support/Stack.h"
+
+namespace ZqXmlLib9 {
+namespace {
+
+using namespace TestModel;
+
+TEST(DestructionStack, IsSmallForObjectsInVariants)
+{
+    CClass type(Info());
+    CSmartPtr<CCustom> deep = new CCustom(type);
+    for (int i = 0; i < 10'000; ++i)
+        deep = new CCustom(type, u"e", {ObjectValue(deep.Get())});
+    RunOnStack(std::size_t{256} << 10, [&deep] { deep = nullptr; });
+    EXPECT_EQ(deep, nullptr);
+}
+
+}  // namespace
+}  // namespace ZqXmlLib9
