@@ -1,0 +1,171 @@
+// What would cost more than it should: it is refused, or its time grows with its size alone.
+
+#include "Hostile.h"
+#include "gpx/Gpx.h"
+#include "orders/Orders.h"
+
+#include <algorithm>
+#include <ctime>
+#include <limits>
+#include <malloc.h>
+
+namespace ZqXmlLib9 {
+namespace {
+
+using namespace std::string_literals;
+
+/// Reads a document to an open element, writes that in both formats, and reads it back.
+void Turn(const std::string& document)
+{
+    const CSmartPtr<CElement> element = new CElement(u""), copy = new CElement(u"");
+    element->FromXmlStream(Octets(document));
+    element->Clone()->ToXmlStream(true, false);
+    copy->FromXmlStream(element->ToFastInfosetStream());
+}
+
+template <typename TObject>
+void TurnObject(const std::string& document)
+{
+    const CSmartPtr<TObject> object = new TObject();
+    object->FromXmlStream(Octets(document));
+    object->FromXmlStream(object->ToXmlStream());
+    object->FromXmlStream(object->ToFastInfosetStream());
+}
+
+void Inflate(const std::string& document)
+{
+    CBinaryData data(Octets(document));
+    CZqZip::Compress(data, CompressionType_GZIP);
+    Turn(ToString(data));
+}
+
+/// Reads and prints a value, and tests it against itself as a bound.
+template <ItemType type>
+void TurnValue(const std::string& text)
+{
+    using Kind = SValueKind<type>;
+    const auto value = Kind::Read(ToUtf16(text), CWhitespaceUtils::WhitespaceRule_Collapse);
+    const std::u16string bound = type == ItemType_string ? u"" : Kind::Print(value, nullptr);
+    CheckValue<type>(u"v", value, {u"", 0, INT32_MAX, bound.c_str(), bound.c_str(), u"", u"", -1});
+}
+
+/// A pattern, a line feed, and the value.
+void Match(const std::string& text)
+{
+    const std::u16string wide = ToUtf16(text);
+    const std::size_t end = wide.find(u'\n');
+    CheckValue<ItemType_string>(u"v", wide.substr(end + 1),
+                                {wide.substr(0, end).c_str(), -1, -1, u"", u"", u"", u"", -1});
+}
+
+const std::string kGpx = "<gpx xmlns='http://www.topografix.com/GPX/1/1' version='' creator=''>";
+const std::string kOrders =
+    "<orders xmlns='urn:example:orders'><order id='1'><orderDate>2024-01-01T00:00:00</orderDate>"
+    "<customer><name/><address><street/><city/><zip/><country/></address></customer><item><sku/>"
+    "<description/><quantity>1</quantity><price>1</price></item>";
+const std::string kFastInfoset("\xE0\0\0\1\0\x3C\0r", 8);
+const std::string kLongText = "\x93\0\0\0\0"s + std::string(259, 'x');  // and its index
+
+/// Behind a head, a piece many times, in which "#" is the number of the repetition, and a tail.
+struct SBomb {
+    const char* name;
+    std::size_t count;
+    std::string head, piece, tail;
+    void (*use)(const std::string& input);
+    const char* failure = "";  ///< how its message begins
+
+    std::string Make(std::size_t times) const
+    {
+        std::string all = head;
+        for (std::size_t i = 0; i < times; ++i)
+            for (const char c : piece)
+                c == '#' ? all += std::to_string(10'000'000 + i) : all += c;
+        return all + tail;
+    }
+};
+
+const SBomb kBombs[] = {
+    {"Attributes", 500, "<r", " n#='v'", "/>", Turn},
+    {"Prefixes", 1000, "<r", " xmlns:p#='u#'", "/>", Turn},
+    {"Siblings", 500, "<r>", "<e n='#'>text #</e>", "</r>", Turn},
+    {"Names", 500, "<r>", "<n#/>", "</r>", Turn},
+    {"Namespaces", 500, "<r>", "<e xmlns='u#'/>", "</r>", Turn},
+    {"SiblingsWithPrefixes", 500, "<r>", "<p:e xmlns:p='u#' p:n='#'/>", "</r>", Turn},
+    {"Pieces", 1000, "<r>", "text#\n&lt;<![CDATA[x]]><!---->", "</r>", Turn},
+    {"Name", 50'000, "<n", "n", "/>", Turn},
+    {"Value", 50'000, "<r a='", "&amp;", "'/>", Turn},
+    {"Entities", 1000, "<!DOCTYPE r [<!ENTITY e 'text'>", "<!ENTITY e# 'text'>", "]><r>&e;</r>",
+     Turn},
+    {"Elements", 500, kFastInfoset, "\0\xF0"s, "\xF0", Turn},
+    {"Texts", 500, kFastInfoset + kLongText, "\xA0", "\xF0", Turn},
+    {"Entries", 500, kFastInfoset, "\x3C\x07#\xF0", "\xF0", Turn},
+    {"Booleans", 500, kFastInfoset, "\x8C\x16\x05\0\0\0\0\0\0\0\0"s, "\xF0", Turn},
+    {"Waypoints", 100, kGpx, "<wpt lat='#' lon='-#.5'><name>#</name></wpt>", "</gpx>",
+     TurnObject<Gpx::CGpx>},
+    {"Extensions", 100, kGpx + "<extensions>", "<p:e xmlns:p='urn:#' p:n='#'>#</p:e>",
+     "</extensions></gpx>", TurnObject<Gpx::CGpx>},
+    {"Tags", 500, kOrders, "<tag>#</tag>", "</order></orders>", TurnObject<Orders::COrders>},
+    {"Thousandfold", 50'000, "<r>", " ", "</r>", Inflate},
+    {"Decimal", 20'000, "", "7", "", TurnValue<ItemType_decimal>},
+    {"Fraction", 20'000, "0.", "7", "", TurnValue<ItemType_decimal>},
+    {"Integer", 20'000, "", "7", "", TurnValue<ItemType_integer>},
+    {"Double", 20'000, "", "7", "", TurnValue<ItemType_r8>},
+    {"Small", 20'000, "", "7", "", TurnValue<ItemType_i4>, "The value [7777"},
+    {"Year", 20'000, "", "7", "", TurnValue<ItemType_date>, "Invalid "},
+    {"Second", 20'000, "00:00:00.", "7", "", TurnValue<ItemType_time>, "Invalid "},
+    {"Duration", 20'000, "P", "7", "Y", TurnValue<ItemType_duration>},
+    {"Hexadecimal", 20'000, "", "77", "", TurnValue<ItemType_hexBinary>},
+    {"Base64", 20'000, "", "7", "", TurnValue<ItemType_base64Binary>},
+    {"Blanks", 20'000, "", " a\t\n", "", TurnValue<ItemType_string>},
+    {"Alternatives", 5000, "(a|b)*\n", "a", "", Match},
+    // The limit of steps ends it, whatever the length.
+    {"Backtracking", 50, "(a+)+b\n", "a", "", Match, "Invalid Value for v [aaaa"},
+};
+
+class Bomb : public testing::TestWithParam<SBomb> {
+protected:
+    /// Keeps the memory of the process, whose pages cost more than the work on them.
+    static void SetUpTestSuite()
+    {
+        mallopt(M_MMAP_THRESHOLD, 1 << 30);
+        mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
+    }
+
+    /// The processor time that the use of an input takes, in seconds.
+    double Measure(const std::string& input)
+    {
+        timespec start, end;
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &start);
+        try {
+            GetParam().use(input);
+        }
+        catch (const CZqException& failure) {
+            m_message = failure.GetFullMessageUtf8();
+        }
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &end);
+        return static_cast<double>(end.tv_sec - start.tv_sec)
+               + 1e-9 * static_cast<double>(end.tv_nsec - start.tv_nsec);
+    }
+
+    std::string m_message;
+};
+
+TEST_P(Bomb, TakesTimeByItsSize)
+{
+    const std::string once = GetParam().Make(GetParam().count * GetScale());
+    const std::string twice = GetParam().Make(GetParam().count * GetScale() * 2);
+    double first = Measure(once), second = Measure(twice);
+    // Neighbours only ever make a run slower.
+    for (int i = 0; i < 100 && second > 2.3 * first; ++i) {
+        first = std::min(first, Measure(once));
+        second = std::min(second, Measure(twice));
+    }
+    EXPECT_LE(second, 2.3 * first);
+    const std::string_view failure = GetParam().failure;
+    EXPECT_EQ(m_message.substr(0, failure.empty() ? m_message.npos : failure.size()), failure);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, Bomb, testing::ValuesIn(kBombs), kRowName);
+
+}  // namespace
+}  // namespace ZqXmlLib9
