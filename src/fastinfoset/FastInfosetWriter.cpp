@@ -210,7 +210,7 @@ void CFastInfosetWriter::FlushPendingElement(bool attributesFollow)
     const std::u16string& uri = m_pending->GetNamespaceURI();
     if (!uri.empty() && !IsSameName(uri, m_pending->GetEffectiveDefaultNamespace())) {
         if (m_pending->GetPrefix(uri).empty())
-            m_pending->SetNamespace(uri, CreateUniquePrefix(m_pending->GetEffectiveNamespaces()));
+            m_pending->SetNamespace(uri, m_pending->CreateUniquePrefix());
         m_pending->m_prefix = m_pending->GetPrefix(uri);
     }
     AppendQName(SNameForm::kElement, bits, m_pending->m_prefix, uri, m_pending->GetLocalName(),
@@ -309,7 +309,7 @@ void CFastInfosetWriter::WriteAttribute(std::u16string_view name, std::u16string
     FlushPendingElement(true);
     CXmlWriterContext& context = RequireAttributeList();
     if (!uri.empty() && context.GetPrefix(uri).empty())
-        context.SetNamespace(uri, CreateUniquePrefix(context.GetEffectiveNamespaces()));
+        context.SetNamespace(uri, context.CreateUniquePrefix());
     AppendQName(SNameForm::kAttribute, 0, context.GetPrefix(uri), uri, name,
                 m_vocabulary->m_attributeNameMap);
     AppendAttributeValue(value, type);

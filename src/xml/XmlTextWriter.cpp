@@ -110,7 +110,7 @@ void CXmlTextWriter::WriteStartElement(std::u16string_view name, std::u16string_
     if (!uri.empty() && !IsSameName(uri, context->GetEffectiveDefaultNamespace())) {
         context->m_prefix = context->GetPrefix(uri);
         if (context->m_prefix.empty()) {
-            context->m_prefix = CreateUniquePrefix(context->GetEffectiveNamespaces());
+            context->m_prefix = context->CreateUniquePrefix();
             context->SetNamespace(uri, context->m_prefix);
             isNewPrefix = true;
         }
@@ -148,7 +148,7 @@ void CXmlTextWriter::WriteAttribute(std::u16string_view name, std::u16string_vie
     if (!uri.empty()) {
         prefix = context.GetPrefix(uri);
         if (prefix.empty()) {
-            context.SetNamespace(uri, CreateUniquePrefix(context.GetEffectiveNamespaces()));
+            context.SetNamespace(uri, context.CreateUniquePrefix());
             prefix = context.GetPrefix(uri);
             WriteDeclaration(prefix, uri);
         }
@@ -167,7 +167,7 @@ void CXmlTextWriter::WriteXsiType(std::u16string_view uri, std::u16string_view t
     if (!uri.empty() && uri != context.GetEffectiveDefaultNamespace()) {
         value = context.GetPrefix(uri);
         if (value.empty()) {
-            value = CreateUniquePrefix(context.GetEffectiveNamespaces());
+            value = context.CreateUniquePrefix();
             context.SetNamespace(uri, value);
             // The blank behind the declaration joins the one in front of the attribute.
             WriteDeclaration(value, uri);

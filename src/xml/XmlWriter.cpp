@@ -157,8 +157,7 @@ CXmlWriter::CXmlWriterContext::CXmlWriterContext(std::u16string_view name, std::
                                                  const NamespaceTable& namespaces,
                                                  std::u16string_view defaultNamespaceUri)
     : CInstanceMonitor(u"CXmlWriterContext"), m_name(name), m_uri(uri),
-      m_ownScope(new SScope{namespaces, std::u16string(defaultNamespaceUri)}),
-      m_scope(m_ownScope.get())
+      m_ownScope(new SScope(namespaces, defaultNamespaceUri)), m_scope(m_ownScope.get())
 {}
 
 CXmlWriter::CXmlWriterContext::CXmlWriterContext(std::u16string_view name, std::u16string_view uri,
@@ -199,7 +198,50 @@ std::u16string_view CXmlWriter::CXmlWriterContext::GetPrefix(std::u16string_view
 void CXmlWriter::CXmlWriterContext::SetNamespace(std::u16string_view uri,
                                                  std::u16string_view prefix)
 {
-    SetPrefix(OwnScope().namespaces, uri, prefix);
+    SScope& scope = OwnScope();
+    // What fails midway leaves the list to be made anew.
+    std::unique_ptr<SPrefixes> prefixes = std::move(scope.prefixes);
+    const std::u16string old(GetPrefix(uri));
+    SetPrefix(scope.namespaces, uri, prefix);
+    if (prefixes == nullptr)
+        return;
+    prefixes->Remove(old);
+    prefixes->Add(GetPrefix(uri));
+    scope.prefixes = std::move(prefixes);
+}
+
+CXmlWriter::CXmlWriterContext::SPrefixes::SPrefixes(const NamespaceTable& namespaces)
+{
+    for (const auto& [uri, prefix] : namespaces)
+        Add(prefix);
+}
+
+void CXmlWriter::CXmlWriterContext::SPrefixes::Add(std::u16string_view prefix)
+{
+    if (const auto entry = uris.find(prefix); entry != uris.end())
+        ++entry->second;
+    else
+        uris.emplace(prefix, 1);
+}
+
+void CXmlWriter::CXmlWriterContext::SPrefixes::Remove(std::u16string_view prefix)
+{
+    const auto entry = uris.find(prefix);
+    if (entry == uris.end() || --entry->second != 0)
+        return;
+    uris.erase(entry);
+    firstFree = 0;
+}
+
+std::u16string CXmlWriter::CXmlWriterContext::CreateUniquePrefix()
+{
+    SScope& scope = OwnScope();
+    if (scope.prefixes == nullptr)
+        scope.prefixes = std::make_unique<SPrefixes>(scope.namespaces);
+    SPrefixes& prefixes = *scope.prefixes;
+    for (;; ++prefixes.firstFree)
+        if (std::u16string prefix = MakePrefix(prefixes.firstFree); !prefixes.uris.contains(prefix))
+            return prefix;
 }
 
 void CXmlWriter::CXmlWriterContext::SetDefaultNamespace(std::u16string_view uri)

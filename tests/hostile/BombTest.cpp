@@ -87,6 +87,7 @@ struct SBomb {
 const SBomb kBombs[] = {
     {"Attributes", 500, "<r", " n#='v'", "/>", Turn},
     {"Prefixes", 1000, "<r", " xmlns:p#='u#'", "/>", Turn},
+    {"AttributesWithPrefixes", 300, "<r", " xmlns:p#='u#' p#:a='v'", "/>", Turn},
     {"Siblings", 500, "<r>", "<e n='#'>text #</e>", "</r>", Turn},
     {"Names", 500, "<r>", "<n#/>", "</r>", Turn},
     {"Namespaces", 500, "<r>", "<e xmlns='u#'/>", "</r>", Turn},

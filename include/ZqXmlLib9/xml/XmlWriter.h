@@ -165,6 +165,9 @@ public:
     void SetNamespace(std::u16string_view uri, std::u16string_view prefix);
     /// Declares the default namespace for this element and its descendants.
     void SetDefaultNamespace(std::u16string_view uri);
+    /// The first of AA, AB, ... ZZ, AAA, ... that is no prefix here. Many in turn for one element
+    /// cost little more than as many look-ups.
+    std::u16string CreateUniquePrefix();
 
     void SetParent(std::unique_ptr<CXmlWriterContext> parent) { m_parent = std::move(parent); }
     std::unique_ptr<CXmlWriterContext> TakeParent() { return std::move(m_parent); }
@@ -175,9 +178,26 @@ public:
     std::u16string m_prefix;         ///< written in front of the name; empty: none
 
 private:
+    /// The prefixes of a table, for an element that needs new ones.
+    struct SPrefixes {
+        explicit SPrefixes(const NamespaceTable& namespaces);
+        void Add(std::u16string_view prefix);
+        void Remove(std::u16string_view prefix);
+
+        std::map<std::u16string, std::uint32_t, std::less<>> uris;  ///< how many have it
+        std::uint32_t firstFree = 0;  ///< all generated ones below this number are taken
+    };
+
     struct SScope {
+        SScope(const NamespaceTable& table, std::u16string_view uri)
+            : namespaces(table), defaultUri(uri)
+        {}
+        SScope(const SScope& other) : SScope(other.namespaces, other.defaultUri) {}
+        SScope& operator=(const SScope&) = delete;
+
         NamespaceTable namespaces;
         std::u16string defaultUri;
+        std::unique_ptr<SPrefixes> prefixes;  ///< null before the first is asked for
     };
 
     SScope& OwnScope();
