@@ -157,8 +157,12 @@ CXmlWriter::CXmlWriterContext::CXmlWriterContext(std::u16string_view name, std::
                                                  const NamespaceTable& namespaces,
                                                  std::u16string_view defaultNamespaceUri)
     : CInstanceMonitor(u"CXmlWriterContext"), m_name(name), m_uri(uri),
-      m_ownScope(new SScope(namespaces, defaultNamespaceUri)), m_scope(m_ownScope.get())
-{}
+      m_ownScope(new SScope(nullptr)), m_scope(m_ownScope.get())
+{
+    for (const auto& [namespaceUri, prefix] : namespaces)
+        m_ownScope->Set(namespaceUri, prefix);
+    SetDefaultNamespace(defaultNamespaceUri);
+}
 
 CXmlWriter::CXmlWriterContext::CXmlWriterContext(std::u16string_view name, std::u16string_view uri,
                                                  const CXmlWriterContext& parent)
@@ -188,74 +192,91 @@ CXmlWriter::CXmlWriterContext::~CXmlWriterContext()
         m_parent = m_parent->TakeParent();
 }
 
+CXmlWriter::NamespaceTable CXmlWriter::CXmlWriterContext::GetEffectiveNamespaces() const
+{
+    NamespaceTable table;
+    for (const SScope* scope = m_scope; scope != nullptr; scope = scope->outer)
+        table.insert(scope->prefixes.begin(), scope->prefixes.end());
+    std::erase_if(table, [](const auto& entry) { return entry.second.empty(); });
+    return table;
+}
+
 std::u16string_view CXmlWriter::CXmlWriterContext::GetPrefix(std::u16string_view uri) const
 {
-    const auto entry = m_scope->namespaces.find(uri);
-    return entry != m_scope->namespaces.end() ? std::u16string_view(entry->second)
-                                              : std::u16string_view();
+    const std::u16string* const prefix = m_scope->Find(uri);
+    return prefix != nullptr ? std::u16string_view(*prefix) : std::u16string_view();
 }
 
 void CXmlWriter::CXmlWriterContext::SetNamespace(std::u16string_view uri,
                                                  std::u16string_view prefix)
 {
+    if (uri != kXmlNamespace)
+        OwnScope().Set(uri, prefix);
+}
+
+void CXmlWriter::CXmlWriterContext::SetDefaultNamespace(std::u16string_view uri)
+{
     SScope& scope = OwnScope();
-    // What fails midway leaves the list to be made anew.
-    std::unique_ptr<SPrefixes> prefixes = std::move(scope.prefixes);
-    const std::u16string old(GetPrefix(uri));
-    SetPrefix(scope.namespaces, uri, prefix);
-    if (prefixes == nullptr)
-        return;
-    prefixes->Remove(old);
-    prefixes->Add(GetPrefix(uri));
-    scope.prefixes = std::move(prefixes);
-}
-
-CXmlWriter::CXmlWriterContext::SPrefixes::SPrefixes(const NamespaceTable& namespaces)
-{
-    for (const auto& [uri, prefix] : namespaces)
-        Add(prefix);
-}
-
-void CXmlWriter::CXmlWriterContext::SPrefixes::Add(std::u16string_view prefix)
-{
-    if (const auto entry = uris.find(prefix); entry != uris.end())
-        ++entry->second;
-    else
-        uris.emplace(prefix, 1);
-}
-
-void CXmlWriter::CXmlWriterContext::SPrefixes::Remove(std::u16string_view prefix)
-{
-    const auto entry = uris.find(prefix);
-    if (entry == uris.end() || --entry->second != 0)
-        return;
-    uris.erase(entry);
-    firstFree = 0;
+    scope.ownDefaultUri = uri;
+    scope.defaultUri = &scope.ownDefaultUri;
 }
 
 std::u16string CXmlWriter::CXmlWriterContext::CreateUniquePrefix()
 {
     SScope& scope = OwnScope();
-    if (scope.prefixes == nullptr)
-        scope.prefixes = std::make_unique<SPrefixes>(scope.namespaces);
-    SPrefixes& prefixes = *scope.prefixes;
-    for (;; ++prefixes.firstFree)
-        if (std::u16string prefix = MakePrefix(prefixes.firstFree); !prefixes.uris.contains(prefix))
+    for (;; ++scope.firstFree)
+        if (std::u16string prefix = MakePrefix(scope.firstFree); !scope.IsTaken(prefix))
             return prefix;
-}
-
-void CXmlWriter::CXmlWriterContext::SetDefaultNamespace(std::u16string_view uri)
-{
-    OwnScope().defaultUri = uri;
 }
 
 CXmlWriter::CXmlWriterContext::SScope& CXmlWriter::CXmlWriterContext::OwnScope()
 {
     if (m_ownScope == nullptr) {
-        m_ownScope = std::make_unique<SScope>(*m_scope);
+        m_ownScope = std::make_unique<SScope>(m_scope);
         m_scope = m_ownScope.get();
     }
     return *m_ownScope;
+}
+
+CXmlWriter::CXmlWriterContext::SScope::SScope(const SScope* inherited)
+    : outer(inherited), defaultUri(inherited != nullptr ? inherited->defaultUri : &ownDefaultUri),
+      firstFree(inherited != nullptr ? inherited->firstFree : 0)
+{}
+
+const std::u16string* CXmlWriter::CXmlWriterContext::SScope::Find(std::u16string_view uri) const
+{
+    for (const SScope* scope = this; scope != nullptr; scope = scope->outer)
+        if (const auto entry = scope->prefixes.find(uri); entry != scope->prefixes.end())
+            return &entry->second;
+    return nullptr;
+}
+
+void CXmlWriter::CXmlWriterContext::SScope::Set(std::u16string_view uri, std::u16string_view prefix)
+{
+    if (const std::u16string* const old = Find(uri); old != nullptr) {
+        if (*old == prefix)
+            return;
+        const auto entries = uris.equal_range(*old);
+        const auto entry = std::find_if(entries.first, entries.second,
+                                        [&](const auto& e) { return e.second == uri; });
+        if (entry != entries.second)
+            uris.erase(entry);
+        firstFree = 0;
+    }
+    if (!prefix.empty())
+        uris.emplace(prefix, uri);
+    prefixes.insert_or_assign(std::u16string(uri), std::u16string(prefix));
+}
+
+bool CXmlWriter::CXmlWriterContext::SScope::IsTaken(std::u16string_view prefix) const
+{
+    for (const SScope* scope = this; scope != nullptr; scope = scope->outer) {
+        const auto entries = scope->uris.equal_range(prefix);
+        for (auto entry = entries.first; entry != entries.second; ++entry)
+            if (*Find(entry->second) == prefix)
+                return true;
+    }
+    return false;
 }
 
 }  // namespace ZqXmlLib9

@@ -23,6 +23,15 @@ void Turn(const std::string& document)
     copy->FromXmlStream(element->ToFastInfosetStream());
 }
 
+/// The same with a child for each attribute, in a namespace of its own.
+void TurnNested(const std::string& document)
+{
+    std::string nested = document.substr(0, document.size() - 2) + ">";
+    for (std::ptrdiff_t i = std::ranges::count(document, ' '); i > 0; --i)
+        nested += "<c:c xmlns:c='c" + std::to_string(i) + "'/>";
+    Turn(nested + "</r>");
+}
+
 template <typename TObject>
 void TurnObject(const std::string& document)
 {
@@ -88,6 +97,8 @@ const SBomb kBombs[] = {
     {"Attributes", 500, "<r", " n#='v'", "/>", Turn},
     {"Prefixes", 1000, "<r", " xmlns:p#='u#'", "/>", Turn},
     {"AttributesWithPrefixes", 300, "<r", " xmlns:p#='u#' p#:a='v'", "/>", Turn},
+    {"ScopesWithPrefixes", 300, "<r xmlns:a='ua' a:a=''", " xmlns:p#='u#' p#:a='v'", "/>",
+     TurnNested},
     {"Siblings", 500, "<r>", "<e n='#'>text #</e>", "</r>", Turn},
     {"Names", 500, "<r>", "<n#/>", "</r>", Turn},
     {"Namespaces", 500, "<r>", "<e xmlns='u#'/>", "</r>", Turn},

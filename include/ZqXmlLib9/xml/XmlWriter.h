@@ -133,7 +133,7 @@ private:
 /// The record of one open element. A context owns the chain of its parents.
 ///
 /// It inherits the scope of namespaces of its parent until it declares something itself; from then
-/// on it has a copy of its own.
+/// on it has a scope of its own, within that of its parent.
 class ZQXMLLIB9_API CXmlWriter::CXmlWriterContext : public CInstanceMonitor {
 public:
     /// A root, with copies of the writer's own table and default namespace.
@@ -153,10 +153,11 @@ public:
     /// 0 for the root.
     std::uint32_t GetDepth() const noexcept { return m_depth; }
 
-    const NamespaceTable& GetEffectiveNamespaces() const noexcept { return m_scope->namespaces; }
+    /// The prefixes by their URIs.
+    NamespaceTable GetEffectiveNamespaces() const;
     const std::u16string& GetEffectiveDefaultNamespace() const noexcept
     {
-        return m_scope->defaultUri;
+        return *m_scope->defaultUri;
     }
     /// The prefix of a URI; empty if it has none.
     std::u16string_view GetPrefix(std::u16string_view uri) const;
@@ -165,8 +166,7 @@ public:
     void SetNamespace(std::u16string_view uri, std::u16string_view prefix);
     /// Declares the default namespace for this element and its descendants.
     void SetDefaultNamespace(std::u16string_view uri);
-    /// The first of AA, AB, ... ZZ, AAA, ... that is no prefix here. Many in turn for one element
-    /// cost little more than as many look-ups.
+    /// The first of AA, AB, ... ZZ, AAA, ... that is no prefix here.
     std::u16string CreateUniquePrefix();
 
     void SetParent(std::unique_ptr<CXmlWriterContext> parent) { m_parent = std::move(parent); }
@@ -178,26 +178,26 @@ public:
     std::u16string m_prefix;         ///< written in front of the name; empty: none
 
 private:
-    /// The prefixes of a table, for an element that needs new ones.
-    struct SPrefixes {
-        explicit SPrefixes(const NamespaceTable& namespaces);
-        void Add(std::u16string_view prefix);
-        void Remove(std::u16string_view prefix);
-
-        std::map<std::u16string, std::uint32_t, std::less<>> uris;  ///< how many have it
-        std::uint32_t firstFree = 0;  ///< all generated ones below this number are taken
-    };
-
+    /// What one element declares. Nothing that it inherits is copied, since a document may declare
+    /// as much as it likes, and have as many elements within that as it likes.
     struct SScope {
-        SScope(const NamespaceTable& table, std::u16string_view uri)
-            : namespaces(table), defaultUri(uri)
-        {}
-        SScope(const SScope& other) : SScope(other.namespaces, other.defaultUri) {}
+        /// \param inherited  the scope around it, which lives longer; null for the root
+        explicit SScope(const SScope* inherited);
+        SScope(const SScope&) = delete;
         SScope& operator=(const SScope&) = delete;
 
-        NamespaceTable namespaces;
-        std::u16string defaultUri;
-        std::unique_ptr<SPrefixes> prefixes;  ///< null before the first is asked for
+        /// \return null for a URI without a declaration; an empty prefix was taken back
+        const std::u16string* Find(std::u16string_view uri) const;
+        void Set(std::u16string_view uri, std::u16string_view prefix);
+        bool IsTaken(std::u16string_view prefix) const;
+
+        const SScope* outer;
+        NamespaceTable prefixes;  ///< by their URIs
+        /// The same the other way round. An entry counts where `Find` agrees.
+        std::multimap<std::u16string, std::u16string, std::less<>> uris;
+        const std::u16string* defaultUri;  ///< the own one, or an inherited one
+        std::u16string ownDefaultUri;
+        std::uint32_t firstFree;  ///< all generated prefixes below this number are taken
     };
 
     SScope& OwnScope();
