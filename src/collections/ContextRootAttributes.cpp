@@ -37,7 +37,7 @@ CSmartPtr<CAttributeCol> CXmlSerializationContext::CRootAttributes::Get()
 {
     CAttributeCol* present = m_attributes.load(std::memory_order_acquire);
     if (present == nullptr) {
-        const CSmartPtr<CAttributeCol> made(new CAttributeCol(u"", u"##any", u""));
+        CSmartPtr<CAttributeCol> made(new CAttributeCol(u"", u"##any", u""));
         if (!m_attributes.compare_exchange_strong(present, made.Get(), std::memory_order_acq_rel))
             return present;
         made->AddRef();

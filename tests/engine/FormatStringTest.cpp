@@ -15,12 +15,15 @@
 namespace ZqXmlLib9 {
 namespace {
 
-/// Compares with what the C library prints.
+/// Compares with what the C library prints in its own locale.
 template <typename... TArguments>
 void ExpectAsInC(const std::string& ours, const std::string& inC, TArguments... arguments)
 {
+    static const locale_t kPlain = ::newlocale(LC_ALL_MASK, "C", nullptr);
+    const locale_t former = ::uselocale(kPlain);
     std::string text(2000, '\0');
     text.resize(std::size_t(std::snprintf(text.data(), text.size(), inC.c_str(), arguments...)));
+    ::uselocale(former);
     EXPECT_EQ(U8(FormatString(ToUtf16(ours).c_str(), arguments...)), text) << ours;
 }
 
