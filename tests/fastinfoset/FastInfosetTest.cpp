@@ -51,16 +51,6 @@ std::string Hex(std::string_view octets)
     return U8(CBinaryData(std::as_bytes(std::span(octets))).GetAsHexString());
 }
 
-/// What a step returns, or the message of its failure.
-template <typename TStep>
-std::string TextOrMessage(TStep&& step)
-try {
-    return step();
-}
-catch (const CZqException& failure) {
-    return failure.GetFullMessageUtf8();
-}
-
 /// The document as text without a header, or the message.
 std::string Read(std::string_view octets, const CXmlSerializationContext& context = {})
 {

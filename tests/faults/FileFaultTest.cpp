@@ -24,21 +24,10 @@ struct SWay {
     bool isWriting;
 };
 
-template <typename TStep>
-std::string MessageOr(TStep&& step)
-{
-    try {
-        return step();
-    }
-    catch (const CZqException& failure) {
-        return failure.GetFullMessageUtf8();
-    }
-}
-
 std::string Load(const CTempFile& file, bool isAsync)
 {
     AsyncFromXmlFile(isAsync);
-    return MessageOr([&] {
+    return TextOrMessage([&] {
         CXmlDocument document;
         document.Load(file.GetName().c_str());
         return U8(document.GetDocumentElement()->GetText());
@@ -57,7 +46,7 @@ std::string LoadChunks(const CTempFile& file, const std::string&)
 
 std::string WritePieces(const CTempFile& file, const std::string& content)
 {
-    return MessageOr([&] {
+    return TextOrMessage([&] {
         CFileTextStream stream(file.GetName().c_str(), XmlEncoding_UTF8);
         stream.Open();
         static std::u16string text;
@@ -74,7 +63,7 @@ std::string WritePieces(const CTempFile& file, const std::string& content)
 
 std::string WriteAtOnce(const CTempFile& file, const std::string& content)
 {
-    return MessageOr([&] {
+    return TextOrMessage([&] {
         const CBinaryData data(std::as_bytes(std::span(content)));
         CFileBinaryStream(file.GetName().c_str(), XmlEncoding_UTF8, data).WriteToFile();
         return std::string("written");

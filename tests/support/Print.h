@@ -31,5 +31,15 @@ std::string MessageOf(TStep&& step)
     return {};
 }
 
+/// What a step returns, or the message of its failure.
+template <typename TStep>
+std::string TextOrMessage(TStep&& step)
+try {
+    return step();
+}
+catch (const ZqXmlLib9::CZqException& failure) {
+    return failure.GetFullMessageUtf8();
+}
+
 /// Names a row of a parameterised test by its field `name`.
 inline const auto kRowName = [](const auto& info) { return std::string(info.param.name); };

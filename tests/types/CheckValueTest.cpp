@@ -38,15 +38,12 @@ CPrimitiveRestrictions Facet(const std::u16string& facet)
 /// What the test says, nothing if the value passes.
 std::string Check(ItemType type, const std::u16string& text, const std::u16string& facet)
 {
-    try {
+    return TextOrMessage([&] {
         ZqVariant value;
         value.FromString(text, type, CWhitespaceUtils::WhitespaceRule_None);
         CheckRestrictionValue(u"a", value, type, Facet(facet));
-        return {};
-    }
-    catch (const CZqException& failure) {
-        return failure.GetFullMessageUtf8();
-    }
+        return std::string();
+    });
 }
 
 struct SCase {
