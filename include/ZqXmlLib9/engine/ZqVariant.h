@@ -155,7 +155,7 @@ private:
     };
     void LendString(const std::u16string& text)
     {
-        m_payload.emplace<SLentText>(&text);
+        m_payload.emplace<SLentText>(SLentText{&text});
         m_type = ItemType_string;
     }
     void OwnString();
