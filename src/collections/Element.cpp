@@ -213,7 +213,7 @@ CSmartPtr<CElement> CElement::CloneWithoutChildren() const
 
 CSmartPtr<CElement> CElement::Clone() const
 {
-    const CSmartPtr<CElement> clone = CloneWithoutChildren();
+    CSmartPtr<CElement> clone = CloneWithoutChildren();
     std::vector<std::pair<const CElement*, CElement*>> waiting{{this, clone.Get()}};
     while (!waiting.empty()) {
         const auto [source, target] = waiting.back();

@@ -125,6 +125,29 @@ TEST(Events, TheCollectionOutlivesItsOwn)
     EXPECT_EQ(first.m_log, "1!2!0340");
 }
 
+TEST(Events, ReachWhoWasThereAndStillIs)
+{
+    CListener first, changing, removed, added, last;
+    bool isChanged = false;
+    const CSmartPtr<CItems> items = new CItems(u"i", u"", 0, -1);
+    for (CListener* const listener : {&first, &changing, &removed, &last})
+        items->AddEventListener(listener);
+    changing.m_onEvent = [&] {
+        if (std::exchange(isChanged, true))
+            return;
+        items->RemoveEventListener(&first);
+        items->RemoveEventListener(&removed);
+        items->AddEventListener(&added);
+        items->AddNew();  // within the event
+    };
+    items->AddNew();
+    EXPECT_EQ(first.m_log, "1!");
+    EXPECT_EQ(removed.m_log, "");
+    EXPECT_EQ(changing.m_log, "1!1!2!02!0");
+    EXPECT_EQ(added.m_log, "1!2!02!0");
+    EXPECT_EQ(last.m_log, "1!2!01!2!0");
+}
+
 TEST(Counts, AreTestedAgainstBothBounds)
 {
     const CXmlSerializationContext strict;

@@ -57,6 +57,9 @@ TEST(BigInteger, DividesTowardsZero)
     EXPECT_EQ(CBigInteger(-7) / 2, -3);
     EXPECT_EQ(CBigInteger(-7) % 2, -1);
     EXPECT_EQ(0 / CBigInteger(7), 0);
+    // A limb of the quotient is estimated one too large.
+    const CBigInteger dividend(u"500000000999999998000000000499999999");
+    EXPECT_EQ(U8((dividend / CBigInteger(u"500000000999999998000000002")).ToString()), "999999999");
     CBigInteger x = 7;
     const auto message = [](auto step) { return MessageOf<CZqInvalidValueException>(step); };
     EXPECT_EQ(message([&] { x / 0; }), "ERROR: Overflow in operator/.");
