@@ -11,19 +11,13 @@ constexpr std::size_t kMaxEntries = std::size_t{1} << 20;
 /// Stands in no name.
 constexpr char16_t kSeparator = 1;
 
-/// Adds to a map what its list has got already, or takes it off the list again: an index must mean
-/// the same entry in both.
-template <typename TEntries, typename TAdd>
-void AddOrTakeBack(TEntries& entries, std::size_t sizeBefore, TAdd&& addToMap)
+/// Makes room for one more entry, so that nothing can fail behind the addition to the map: an index
+/// must mean the same entry in both.
+template <typename TEntries>
+void MakeRoom(TEntries& entries)
 {
-    try {
-        addToMap();
-    }
-    catch (...) {
-        if (entries.size() != sizeBefore)
-            entries.pop_back();
-        throw;
-    }
+    if (entries.size() == entries.capacity())
+        entries.reserve(2 * entries.size() + 1);
 }
 
 }  // namespace
@@ -125,11 +119,12 @@ void CFIVocabulary::AddValueToVector(std::u16string value, CFIStringTable& table
 
 void CFIVocabulary::AddString(std::u16string value, Map& map, CFIStringTable& table)
 {
-    const std::size_t size = table.m_entries.size();
-    AddValueToVector(value, table);
-    AddOrTakeBack(table.m_entries, size, [&] { AddValueToMap(value, map); });
+    MakeRoom(table.m_entries);
+    AddValueToMap(value, map);
+    AddValueToVector(std::move(value), table);
 }
 
+// NOLINTBEGIN(performance-unnecessary-value-param)
 void CFIVocabulary::AddQName(std::u16string prefix, std::u16string nameSpace,
                              std::u16string localName, Map& map, CFIQNameTable& table)
 {
@@ -151,10 +146,11 @@ void CFIVocabulary::AddQName(std::u16string prefix, std::u16string nameSpace,
         || (!nameSpace.empty() && !FindNamespaceNameIndex(nameSpace, nameSpaceIndex))
         || !FindLocalNameIndex(localName, localNameIndex))
         return;
-    const std::size_t size = table.m_entries.size();
+    MakeRoom(table.m_entries);
+    AddValueToMap(key, map);
     AddQNameToVector(prefixIndex, nameSpaceIndex, localNameIndex, table);
-    AddOrTakeBack(table.m_entries, size, [&] { AddValueToMap(key, map); });
 }
+// NOLINTEND(performance-unnecessary-value-param)
 
 void CFIVocabulary::AddQNameToVector(std::uint32_t prefixIndex, std::uint32_t nameSpaceIndex,
                                      std::uint32_t localNameIndex, CFIQNameTable& table)

@@ -60,8 +60,9 @@ std::optional<SYSTEMTIME> SystemTimeFromFileTime(const FILETIME& fileTime)
         return std::nullopt;
     const auto seconds = static_cast<std::int64_t>(units / kFileTimePerSecond) - kFileTimeEpoch;
     // Never refused: the last year is 30828.
-    return ToSystemTime(*UtcFromTime(seconds),
-                        units % kFileTimePerSecond / kFileTimePerMilliSecond);
+    return ToSystemTime(
+        *UtcFromTime(seconds),
+        static_cast<std::int64_t>(units % kFileTimePerSecond / kFileTimePerMilliSecond));
 }
 
 SYSTEMTIME LocalSystemTime()

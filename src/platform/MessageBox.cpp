@@ -26,7 +26,7 @@ void ShowMessageBox(std::u16string_view title, std::u16string_view text)
         return;
     }
     const std::string lines = ToPrintableUtf8(title) + '\n' + ToPrintableUtf8(text) + '\n';
-    std::fwrite(lines.data(), 1, lines.size(), stderr);
+    static_cast<void>(std::fwrite(lines.data(), 1, lines.size(), stderr));
 }
 
 }  // namespace ZqXmlLib9

@@ -340,8 +340,11 @@ void CBigInteger::BuildDWORDLONG(std::uint64_t value, Digits& result)
 void CBigInteger::BuildDouble(double value, Digits& result)
 {
     Digits digits;
-    for (double rest = std::ceil(value - 0.5); rest > 0; rest = std::trunc(rest / 10))
+    double rest = std::ceil(value - 0.5);
+    while (rest > 0) {
         digits.push_back(static_cast<std::uint16_t>(std::fmod(rest, 10)));
+        rest = std::trunc(rest / 10);
+    }
     Clean(digits);
     result = std::move(digits);
 }
