@@ -57,8 +57,11 @@ public:
     virtual CXmlObjectBase* GetBase() = 0;
 
     /// Writes the object to a file, which is replaced if it is there. It stays as it was where it
-    /// can't be opened; after any later failure it is empty, so that no part of a document is taken
-    /// for the whole of it (a pipe or a device has what it was sent). A file of UTF-16 begins with the mark FF FE. Where it is compressed, that mark stands in
+    /// can't be opened, and where the object fails to become a document before the file is opened,
+    /// as it does without `AsyncToXmlFile`. After any later failure the file is empty, so that no
+    /// part of a document is taken for the whole of it; a pipe or a device has what it was sent.
+    ///
+    /// A file of UTF-16 begins with the mark FF FE. Where it is compressed, that mark stands in
     /// front of the gzip octets: this library skips it, other tools don't.
     /// \throws CZqException  "ZLIB Compression only available for To Stream methods.", before
     ///         anything else; "Failed to write data to the file [%s] error [0x%08X]", or with
@@ -71,6 +74,10 @@ public:
         const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext(),
         CompressionType compression = CompressionType_None) const;
 
+    /// Writes the object to a file as Fast Infoset. What becomes of the file is as in `ToXmlFile`.
+    /// \throws CZqException  "ZLIB Compression only available for To Stream methods.", before
+    ///         anything else; "Failed to write data to the file [%s] error [0x%08X]", with errno;
+    ///         else as `ToFastInfosetStream`
     virtual void ToFastInfosetFile(
         const char16_t* fileName, FInfoDecl declaration = FInfoDecl_None,
         const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext(),
@@ -98,6 +105,12 @@ public:
         const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext(),
         CompressionType compression = CompressionType_None) const;
 
+    /// Writes the object as a Fast Infoset document (ITU-T X.891) in octets.
+    /// \param declaration  the XML declaration in front, which the standard allows
+    /// \param compression  as for `ToXmlStream`
+    /// \throws CZqException  as `ToXml`; "Failed to write FastInfoset. ..." where a value doesn't
+    ///         fit the encoding that the context has for its type; "Failed to compress data. [Error
+    ///         Code: %d]"
     virtual CBinaryData ToFastInfosetStream(
         FInfoDecl declaration = FInfoDecl_None,
         const CXmlSerializationContext& context = CXmlSerializationContext::GetDefaultContext(),

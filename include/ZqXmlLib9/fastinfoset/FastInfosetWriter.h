@@ -29,8 +29,9 @@ namespace ZqXmlLib9 {
 /// down stands in names alone, which carry their URI anyway. A typed value that reads back as
 /// another text, "1.50" as a float, is written in full each time.
 ///
-/// What a stream holds after a failure is no document; further calls then fail with
-/// `CZqInvalidStateException`, as a second root does.
+/// The octets of whole events reach the stream in pieces of 4 KiB or more, and the last ones by
+/// `WriteDocumentEnd`. What a stream holds after a failure is no document; further calls then fail
+/// with `CZqInvalidStateException`, as a second root does.
 /// Source: ITU-T X.891.
 class ZQXMLLIB9_API CFastInfosetWriter : public CXmlWriter {
 public:
@@ -84,6 +85,7 @@ private:
     void PutAll(Octets octets);
     /// What the event has put becomes part of the document.
     void Commit();
+    /// Hands what is committed to the stream.
     void Flush();
 
     void RequireIntact() const;

@@ -24,8 +24,9 @@ class CXmlSerializationContext;
 
 /// Sees each complete element at its end tag, children before parents. True claims the element: it
 /// is taken out of the tree and freed with its subtree when the filter returns; the root stays all
-/// the same. It may throw; the load then fails with what it threw. Fast Infoset documents have no
-/// use of it.
+/// the same. The elements around it are still open: they have their attributes and the children
+/// that came before, but no text. It may throw; the load then fails with what it threw. Fast
+/// Infoset documents have no use of it.
 using ElementFilter = bool (*)(CXmlElement* element);
 
 /// Makes the next loads from files read chunks of 128 KiB while the chunk before is parsed. Such
@@ -35,9 +36,10 @@ ZQXMLLIB9_API void AsyncFromXmlFile(bool async) noexcept;
 
 /// A document: the tree, and the prefixes that were met anywhere in it.
 ///
-/// All nodes belong to the document and live until its next load or its end. A failed load leaves
-/// the part of the tree that was built before, or none. Any number of threads may read a loaded
-/// document; loading is for one thread at a time.
+/// All nodes and their names belong to the document and live until its next load or its end, but
+/// for the nodes that a filter claims. A failed load leaves the part of the tree that was built
+/// before, or none; elements that were open then have no text. Any number of threads may read a
+/// loaded document; loading is for one thread at a time.
 class ZQXMLLIB9_API CXmlDocument : public CInstanceMonitor {
 public:
     /// With the default context.

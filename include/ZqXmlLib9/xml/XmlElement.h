@@ -18,8 +18,9 @@ class CXmlAttribute;
 /// A read-only element: names resolved, attributes in document order, children in a list, and all
 /// character data that stood directly in it as one text, wherever it stood among the children.
 ///
-/// It belongs to its document and dies with it; every reference and pointer handed out is good as
-/// long. Carriage returns are never stored; other white space is. Any number of threads may read.
+/// Its document alone makes and frees it; every reference and pointer handed out is good as long as
+/// it lives, names as long as the tree. Carriage returns are never stored; other white space is.
+/// Any number of threads may read.
 class ZQXMLLIB9_API CXmlElement : public CInstanceMonitor {
 public:
     CXmlElement(const CXmlElement&) = delete;
