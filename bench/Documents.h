@@ -1,5 +1,5 @@
-// Order documents of any size, of the schema in examples/orders. The same size gives the same octets
-// on every machine: nothing but integers goes into them.
+// Order documents of any size, of the schema in examples/orders. The same size gives the same
+// octets on every machine: nothing but integers goes into them.
 #pragma once
 
 #include <cstddef>

@@ -1,7 +1,7 @@
-# What is installed: the library, its headers, the CMake and pkg-config packages, the printers of gdb;
-# and the two Debian packages made of it.
+# What is installed: the library, its headers, the CMake and pkg-config packages, the printers of
+# gdb; and the two Debian packages made of it.
 if(NOT BUILD_SHARED_LIBS)
-  # A static library would bring its Expat, in view, into every program, beside the one already there.
+  # A static library would bring its Expat, in view, into every program, beside the one there.
   install(CODE "message(FATAL_ERROR \"Only the shared library can be installed: \
 BUILD_SHARED_LIBS=OFF is for add_subdirectory in programs without another Expat.\")")
   return()

@@ -71,8 +71,8 @@ std::string Run(const STest& test)
     return {};
 }
 
-/// The tests of XML 1.0 whose outcome isn't left open, of the editions before the fifth, whose names
-/// the parser takes.
+/// The tests of XML 1.0 whose outcome isn't left open, of the editions before the fifth, whose
+/// names the parser takes.
 void Collect(const CXmlElement& element, std::u16string base, std::vector<STest>& tests)
 {
     base += element.GetAttribute(u"base", kXml);

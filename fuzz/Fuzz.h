@@ -112,8 +112,8 @@ private:
     Octets m_octets;
 };
 
-/// The settings that an octet chooses; those of "@" are the default ones. Inflated documents are kept
-/// small, since one takes all memory and time that it is let.
+/// The settings that an octet chooses; those of "@" are the default ones. Inflated documents are
+/// kept small, since one takes all memory and time that it is let.
 inline void Choose(unsigned options, CXmlSerializationContext& context)
 {
     context.SetMaxInflatedSize(std::uint64_t{1} << 22);

@@ -232,8 +232,8 @@ void WriteAndRead(CInput& input, const CXmlObjectBase& object, CXmlObjectBase& c
         std::filesystem::remove(file);
 }
 
-/// What a form may refuse: short documents don't get shorter, and not every value fits the suggested
-/// encodings.
+/// What a form may refuse: short documents don't get shorter, and not every value fits the
+/// suggested encodings.
 bool IsDocumentedFailure(const std::u16string& message)
 {
     constexpr std::u16string_view kMisfit =

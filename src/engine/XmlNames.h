@@ -19,8 +19,8 @@ inline constexpr std::u16string_view kXsiNamespace = u"http://www.w3.org/2001/XM
 inline constexpr std::u16string_view kCDataStart = u"<![CDATA[";
 inline constexpr std::u16string_view kCDataEnd = u"]]>";
 
-/// Whether two names or URIs are the same. In most pairs the length tells, and where it doesn't, one
-/// comparison of octets is faster than that of strings, which goes unit by unit.
+/// Whether two names or URIs are the same. In most pairs the length tells, and where it doesn't,
+/// one comparison of octets is faster than that of strings, which goes unit by unit.
 inline bool IsSameName(std::u16string_view left, std::u16string_view right) noexcept
 {
     return left.size() == right.size()

@@ -37,12 +37,12 @@ private:
 
 /// A file that is open for writing. One write at a time.
 ///
-/// A regular file that isn't closed with success is emptied: no part of a document stays behind that
-/// could be taken for the whole of it.
+/// A regular file that isn't closed with success is emptied: no part of a document stays behind
+/// that could be taken for the whole of it.
 ///
-/// Writes go to the page cache, which the system writes out while the program goes on: so the octets
-/// are taken before `StartWrite` returns, and their outcome is known to `FinishWrite`. What the
-/// system can write no earlier than at the end of the file's life is known to `Close`.
+/// Writes go to the page cache, which the system writes out while the program goes on: so the
+/// octets are taken before `StartWrite` returns, and their outcome is known to `FinishWrite`. What
+/// the system can write no earlier than at the end of the file's life is known to `Close`.
 class CWriteFile {
 public:
     CWriteFile() = default;

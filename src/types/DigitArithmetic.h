@@ -11,7 +11,7 @@
 
 namespace ZqXmlLib9 {
 
-/// Decimal digits, 0 to 9, the least significant first, without zeros in front but for the number 0.
+/// Decimal digits, 0 to 9, the least significant first, without zeros in front but for 0 itself.
 using DecimalDigits = std::vector<std::uint16_t>;
 
 DecimalDigits MultiplyDigits(const DecimalDigits& left, const DecimalDigits& right);

@@ -23,8 +23,8 @@ namespace {
 /// takes a second or less.
 constexpr std::uint32_t kMatchLimit = 10'000'000;
 
-/// What a match may hold of the heap, in KiB. It grows with the groups of the pattern and the length
-/// of the value: a repeated group takes some hundred thousand characters.
+/// What a match may hold of the heap, in KiB. It grows with the groups of the pattern and the
+/// length of the value: a repeated group takes some hundred thousand characters.
 constexpr std::uint32_t kHeapLimit = 256 * 1024;
 
 /// More than a schema has; a program with more compiles some again.

@@ -1,8 +1,8 @@
 // Turns the callbacks of Expat into the building of a tree.
 //
 // Expat is used in its 16-bit build, whose names and texts are UTF-16; a document in UTF-16 reaches
-// it as UTF-8 all the same (see Utf16Input.h). Comments and processing instructions have no handler,
-// external entities neither: they vanish.
+// it as UTF-8 all the same (see Utf16Input.h). Comments and processing instructions have no
+// handler, external entities neither: they vanish.
 #pragma once
 
 #include "Utf16Input.h"

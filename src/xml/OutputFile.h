@@ -10,8 +10,8 @@
 
 namespace ZqXmlLib9 {
 
-/// Creates a file, or empties the one that is there once it is open, and writes the mark of UTF-16 if the encoding
-/// has one.
+/// Creates a file, or empties the one that is there once it is open, and writes the mark of UTF-16
+/// if the encoding has one.
 /// \return where the document begins, in octets
 /// \throws CZqException  "Failed to write data to the file [%s] error [0x%08X]", with errno
 std::uint64_t OpenOutputFile(CWriteFile& file, const std::u16string& name, XmlEncoding encoding);

@@ -1,8 +1,8 @@
 // The octets of a UTF-16 document as UTF-8.
 //
-// The parser could read UTF-16 itself, but the 16-bit build of Expat up to 2.5 drops the second half
-// of a surrogate pair that stands at the end of a run and across the end of one of its buffers, and
-// takes half a pair for a character. From UTF-8 it makes the right UTF-16.
+// The parser could read UTF-16 itself, but the 16-bit build of Expat up to 2.5 drops the second
+// half of a surrogate pair that stands at the end of a run and across the end of one of its
+// buffers, and takes half a pair for a character. From UTF-8 it makes the right UTF-16.
 #pragma once
 
 #include <cstddef>

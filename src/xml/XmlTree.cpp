@@ -115,8 +115,8 @@ void CXmlTree::FreeClosed() noexcept
         nullptr;
 }
 
-/// Frees a subtree, which may be deeper than the stack: on the way down the pointer of a node to its
-/// sibling, which its parent takes over, becomes the way back.
+/// Frees a subtree, which may be deeper than the stack: on the way down the pointer of a node to
+/// its sibling, which its parent takes over, becomes the way back.
 void CXmlTree::Free(CXmlElement* element) noexcept
 {
     if (element != nullptr)

@@ -1,8 +1,8 @@
 // The memory of a tree, and how it grows: nodes in blocks, each name once, text copied once.
 //
 // A node that is freed leaves its place to the next one, so that a document whose elements a filter
-// claims takes no more memory than it holds at once. Names stay until the tree goes; the parser keeps
-// them as long.
+// claims takes no more memory than it holds at once. Names stay until the tree goes; the parser
+// keeps them as long.
 #pragma once
 
 #include <ZqXmlLib9/xml/XmlAttribute.h>
@@ -83,8 +83,8 @@ private:
     SFreePlace* m_free = nullptr;
 };
 
-/// The tree of one document. The front ends build it: a new element goes into the innermost one that
-/// is open, and so does text.
+/// The tree of one document. The front ends build it: a new element goes into the innermost one
+/// that is open, and so does text.
 class CXmlTree {
 public:
     explicit CXmlTree(CXmlDocument* document) : m_document(document) {}
@@ -113,8 +113,8 @@ public:
     void FreeClosed() noexcept;
 
 private:
-    /// An element that is open, and what there is to know until it is closed. Records are used again,
-    /// with their buffers.
+    /// An element that is open, and what there is to know until it is closed. Records are used
+    /// again, with their buffers.
     struct SOpenElement {
         CXmlElement* element = nullptr;
         CXmlElement* previous = nullptr;  ///< the sibling in front of it

@@ -1,4 +1,4 @@
-// How each record of an element reads: what it takes, where it scans, when it fails, when it stores.
+// How each record of an element reads: what it takes, where it scans, when it fails and stores.
 
 #include "metadata/Grid.h"
 

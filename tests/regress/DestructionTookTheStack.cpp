@@ -1,4 +1,4 @@
-// Without optimisation, 256 nested destructions of objects in variants took more than 256 KiB of stack.
+// Without optimisation, 256 nested destructions of objects in variants took more than 256 KiB.
 
 #include "model/Custom.h"
 #include "support/Stack.h"

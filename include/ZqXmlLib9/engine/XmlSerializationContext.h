@@ -92,8 +92,9 @@ public:
     ///         setting then stays
     void SetIgnoreMissingMandatoryElements(bool ignore);
 
-    /// Elements that the content model doesn't know are skipped: in front of a mandatory one, and at
-    /// the end of their parent. What is optional, and a collection, isn't looked for behind them.
+    /// Elements that the content model doesn't know are skipped: in front of a mandatory one, and
+    /// at the end of their parent. What is optional, and a collection, isn't looked for behind
+    /// them.
     bool GetIgnoreUnknownElements() const { return m_ignoreUnknownElements; }
     /// \throws CZqInvalidStateException  when set to true while missing mandatory elements are
     ///         ignored; the setting then stays

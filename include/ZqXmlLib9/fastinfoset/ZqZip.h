@@ -29,8 +29,8 @@ public:
 
     /// Replaces data by its compressed form, at the fastest level. Empty data, and any type but
     /// gzip and zlib, is left alone.
-    /// \throws CZqException  "Failed to compress data. [Error Code: %d]", with the code of zlib: the
-    ///         compressed form has to fit into the length of the data, and that of short data
+    /// \throws CZqException  "Failed to compress data. [Error Code: %d]", with the code of zlib:
+    ///         the compressed form has to fit into the length of the data, and that of short data
     ///         seldom does; `data` is then without a buffer
     static void Compress(CBinaryData& data, CompressionType type);
 
@@ -42,15 +42,15 @@ public:
     /// Replaces an array that was made by `new[]` by what it inflates to, if it begins with a
     /// complete stream of gzip or zlib. What follows the stream is ignored, a second member of a
     /// gzip file too. Anything else is left alone, a cut or damaged stream too.
-    /// \throws CZqException  "The compressed data is larger than %I64u octets when inflated", beyond
-    ///         `kMaxInflatedSize`; the array is left alone
+    /// \throws CZqException  "The compressed data is larger than %I64u octets when inflated",
+    ///         beyond `kMaxInflatedSize`; the array is left alone
     static void Decompress(unsigned char** data, std::uint32_t* length);
 
     /// The same for octets that stay where they are.
     /// \param inflated   takes what they inflate to
     /// \param maxLength  of that, in octets
     /// \return whether they begin with a complete stream; `inflated` is left alone if they don't
-    /// \throws CZqException          "The compressed data is larger than %I64u octets when inflated"
+    /// \throws CZqException  "The compressed data is larger than %I64u octets when inflated"
     /// \throws CZqOverFlowException  the data has 4 GiB or more, or inflates to that, and
     ///         `maxLength` lets it
     static bool Decompress(std::span<const std::byte> data, CBinaryData& inflated,

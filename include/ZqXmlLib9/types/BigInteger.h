@@ -18,8 +18,8 @@ class CDecimal;
 
 /// An integer of any size, kept in decimal digits as its text shows them.
 ///
-/// Zero has a sign too, the one that its text or calculation left: `-0` and `-1 / 2` are equal to 0,
-/// but the comparisons by order look at signs first and find them below it.
+/// Zero has a sign too, the one that its text or calculation left: `-0` and `-1 / 2` are equal to
+/// 0, but the comparisons by order look at signs first and find them below it.
 ///
 /// A plain value: copies are independent, any number of threads may read one. Sums cost time in
 /// proportion to the digits, products and quotients to the product of the digits of both sides.

@@ -252,8 +252,8 @@ public:
     /// value as it was.
     void ParseXSDDateTime(const char16_t* text);
     void ParseXSDDateTime(std::u16string_view text);
-    /// Reads any type that has no time; the form of the text decides. "--MM--" is a gMonth too. Of a
-    /// text with a ":", the last six characters are the zone; without a sign or a "Z" in front of
+    /// Reads any type that has no time; the form of the text decides. "--MM--" is a gMonth too. Of
+    /// a text with a ":", the last six characters are the zone; without a sign or a "Z" in front of
     /// them they are ignored.
     void ParseXSDDate(const char16_t* text);
     void ParseXSDDate(std::u16string_view text);

@@ -18,8 +18,9 @@ public:
     CFileBinaryStream(const char16_t* fileName, XmlEncoding encoding, const CBinaryData& data);
     ~CFileBinaryStream() override;
 
-    /// Creates the file, or replaces the one that is there, whose octets stay if it can't be opened.
-    /// Any later failure leaves the file empty, if it is a regular one. Nothing waits for the disk.
+    /// Creates the file, or replaces the one that is there, whose octets stay if it can't be
+    /// opened. Any later failure leaves the file empty, if it is a regular one. Nothing waits for
+    /// the disk.
     /// \throws CZqException  "Failed to write data to the file [%s] error [0x%08X]", with errno
     void WriteToFile() const;
 

@@ -17,9 +17,9 @@ class CWriteFile;
 /// while the text grows. Positions have 64 bits.
 ///
 /// Failures are `CZqException`; the codes in their messages are errno. After one the stream is good
-/// for nothing but another `Open`. What a file holds before `Open` stays where that fails; any later
-/// failure leaves the file empty, so that no part of a text is taken for the whole of it. That goes
-/// for regular files; a pipe or a device has what it was sent. One thread at a time.
+/// for nothing but another `Open`. What a file holds before `Open` stays where that fails; any
+/// later failure leaves the file empty, so that no part of a text is taken for the whole of it.
+/// That goes for regular files; a pipe or a device has what it was sent. One thread at a time.
 class ZQXMLLIB9_API CFileTextStream : public CTextStream {
 public:
     CFileTextStream(const char16_t* fileName, XmlEncoding encoding);
@@ -39,8 +39,8 @@ public:
     void Close() override;
     /// Begins to write the text, and empties the stream. For UTF-8 a high surrogate at the end
     /// stays until the text goes on.
-    /// \throws CZqException              "Failed to write data to the file. Error [0x%08X]", perhaps
-    ///         for the text that was flushed before
+    /// \throws CZqException              "Failed to write data to the file. Error [0x%08X]",
+    ///         perhaps for the text that was flushed before
     /// \throws CZqInvalidValueException  as `GetEncodedData`; places are counted over the whole
     ///         file
     void Flush() override;
