@@ -6,10 +6,6 @@
 
 #include <ZqXmlLib9/engine/FormatString.h>
 
-#include <gtest/gtest.h>
-
-#include <tuple>
-
 namespace ZqXmlLib9 {
 namespace {
 
@@ -24,7 +20,6 @@ struct SRecord : CElementInfoSeqUntpdOpt {
 };
 
 struct SRestriction {
-    const char* name;
     const char16_t* restriction;
     const char16_t* target;
     const char* made;  ///< the namespace of a new element below a parent in "p"
@@ -32,47 +27,43 @@ struct SRestriction {
     std::vector<const char16_t*> refused;
 };
 
-class Restriction : public testing::TestWithParam<SRestriction> {};
+const SRestriction kRestrictions[] = {
+    {u"##any", u"t", "p", {u"", u"t", u"##any"}, {}},
+    {u"##other", u"urn:t", "", {u"", u"urn:", u"urn:T"}, {u"urn:t"}},
+    {u"##other", u"", "", {u"urn:x"}, {u""}},
+    {u"##local", u"t", "", {u""}, {u"t", u"##local"}},
+    {u"##targetNamespace", u"t", "t", {u"t"}, {u"", u"x", u"t "}},
+    {u"##targetNamespace", u"", "", {u""}, {u"x"}},
+    {u"##Any", u"t", "", {u"", u"##Any"}, {u"t"}},
+    {u"a:\u00E9", u"t", "", {u"a:\u00E9", u""}, {u"a:e\u0301", u"a:"}},
+    {u"", u"t", "", {u""}, {u"t", u" "}},
+    {u"a b", u"t", "", {u"a", u"b", u""}, {u"a b", u"t"}},
+    {u"a b ##other", u"t", "", {u"x", u""}, {u"t"}},
+    {u"##any  ##local", u"t", "p", {u"", u"b"}, {}},
+    {u" ##targetNamespace", u"t", "", {u"", u"t"}, {u"x"}},
+    {u"##any\tb", u"t", "", {u"##any\tb", u""}, {u"##any", u"b"}}};
 
-TEST_P(Restriction, IsOneRuleForTheAnswerAndTheFailure)
+TEST(Restriction, IsOneRuleForTheAnswerAndTheFailure)
 {
     CClass type(Info());
     const CSmartPtr<STester> tester = new STester(type);
-    const auto& [name, restriction, target, made, passing, refused] = GetParam();
-    EXPECT_EQ(U8(SRecord::GetAnyDefaultNamespace(restriction, u"p", target)), made);
-    for (const char16_t* const ns : passing) {
-        EXPECT_TRUE(tester->IsNamespaceValid(ns, restriction, target)) << U8(ns);
-        EXPECT_NO_THROW(tester->TestNamespace(ns, restriction, target)) << U8(ns);
-    }
-    for (const char16_t* const ns : refused) {
-        EXPECT_FALSE(tester->IsNamespaceValid(ns, restriction, target)) << U8(ns);
-        const auto test = [&] {
-            tester->TestNamespace(ns, GetParam().restriction, GetParam().target);
-        };
-        EXPECT_EQ(
-            MessageOf<CZqInvalidNamespaceException>(test),
-            U8(FormatString(u"Invalid namespace [%s]. The namespace must be one of [%s] where "
-                            u"the target namespace is [%s]",
-                            ns, restriction, target)));
+    for (const auto& [restriction, target, made, passing, refused] : kRestrictions) {
+        EXPECT_EQ(U8(SRecord::GetAnyDefaultNamespace(restriction, u"p", target)), made);
+        for (const char16_t* const ns : passing) {
+            EXPECT_TRUE(tester->IsNamespaceValid(ns, restriction, target)) << U8(ns);
+            EXPECT_NO_THROW(tester->TestNamespace(ns, restriction, target)) << U8(ns);
+        }
+        for (const char16_t* const ns : refused) {
+            EXPECT_FALSE(tester->IsNamespaceValid(ns, restriction, target)) << U8(ns);
+            const auto test = [&, r = restriction, t = target] { tester->TestNamespace(ns, r, t); };
+            EXPECT_EQ(
+                MessageOf<CZqInvalidNamespaceException>(test),
+                U8(FormatString(u"Invalid namespace [%s]. The namespace must be one of [%s] where "
+                                u"the target namespace is [%s]",
+                                ns, restriction, target)));
+        }
     }
 }
-
-const SRestriction kRestrictions[] = {
-    {"Any", u"##any", u"t", "p", {u"", u"t", u"##any"}, {}},
-    {"Other", u"##other", u"urn:t", "", {u"", u"urn:", u"urn:T"}, {u"urn:t"}},
-    {"OtherThanNone", u"##other", u"", "", {u"urn:x"}, {u""}},
-    {"Local", u"##local", u"t", "", {u""}, {u"t", u"##local"}},
-    {"Target", u"##targetNamespace", u"t", "t", {u"t"}, {u"", u"x", u"t "}},
-    {"NoTarget", u"##targetNamespace", u"", "", {u""}, {u"x"}},
-    {"WordsHaveACase", u"##Any", u"t", "", {u"", u"##Any"}, {u"t"}},
-    {"Uri", u"a:\u00E9", u"t", "", {u"a:\u00E9", u""}, {u"a:e\u0301", u"a:"}},
-    {"Empty", u"", u"t", "", {u""}, {u"t", u" "}},
-    {"Uris", u"a b", u"t", "", {u"a", u"b", u""}, {u"a b", u"t"}},
-    {"LastOfMany", u"a b ##other", u"t", "", {u"x", u""}, {u"t"}},
-    {"TwoBlanks", u"##any  ##local", u"t", "p", {u"", u"b"}, {}},
-    {"BlankFirst", u" ##targetNamespace", u"t", "", {u"", u"t"}, {u"x"}},
-    {"Tab", u"##any\tb", u"t", "", {u"##any\tb", u""}, {u"##any", u"b"}}};
-INSTANTIATE_TEST_SUITE_P(All, Restriction, testing::ValuesIn(kRestrictions), kRowName);
 
 TEST(NewAttribute, IsInTheDefaultNamespaceIfThatPasses)
 {
