@@ -1,29 +1,21 @@
 // The reference-holding pointer, and the end of the objects that it holds.
 
-#include "support/Print.h"
+#include "support/Stack.h"
 
-#include <ZqXmlLib9/engine/SmartPtr.h>
-#include <ZqXmlLib9/engine/XmlObjectBase.h>
-
-#include <gtest/gtest.h>
+#include <ZqXmlLib9/ZqXmlLib9.h>
 
 #include <atomic>
-#include <pthread.h>
 #include <set>
 #include <thread>
-#include <utility>
-#include <vector>
 
 namespace ZqXmlLib9 {
 namespace {
 
 /// An object that owns two others. The class counts the objects that there are; each one of
 /// `s_held`, as it is destroyed, holds all of them for a moment, also itself and those that wait.
-class CNode : public CXmlObjectBase {
+class CNode : public CAttribute {
 public:
-    CNode() { ++s_alive; }
-    CXmlObjectBase* GetBase() override { return this; }
-    std::u16string GetNamespace() const override { return {}; }
+    CNode() : CAttribute(u"n", u"", u"") { ++s_alive; }
 
     CSmartPtr<CNode> m_first;
     CSmartPtr<CNode> m_second;
@@ -39,15 +31,6 @@ protected:
         for (CNode* const each : s_held)
             const CSmartPtr<CNode> moment = each;
         s_held.erase(this);
-    }
-    std::u16string GetTargetNamespace() const override { return {}; }
-    void ToXml_Int(CXmlWriter*, bool, const char16_t*, const CXmlSerializationContext&,
-                   bool) const override
-    {}
-    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* cursor, const CXmlSerializationContext&,
-                             bool) override
-    {
-        return cursor;
     }
 };
 
@@ -99,15 +82,7 @@ TEST(Destruction, NeedsLittleStack)
                 CNode::s_held.insert({last, last->m_first.Get()});
             last = last->m_second.Get();
         }
-        pthread_attr_t attributes;
-        pthread_t thread;
-        pthread_attr_init(&attributes);
-        pthread_attr_setstacksize(&attributes, kSmallStack);
-        const auto run = [](void* pointer) -> void* {
-            return *static_cast<CSmartPtr<CNode>*>(pointer) = nullptr, nullptr;
-        };
-        ASSERT_EQ(pthread_create(&thread, &attributes, run, &root), 0);
-        pthread_join(thread, nullptr);
+        RunOnStack(kSmallStack, [&] { root = nullptr; });
         EXPECT_EQ(CNode::s_alive, 0);
     }
 }

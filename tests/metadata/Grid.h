@@ -1,9 +1,11 @@
-// What the tests of the records share: classes to read, factories, and a way to tell what came out.
+// What the tests of the records and of the walk share: classes to read, factories, and ways
+// to read and to tell what came out.
 #pragma once
 
 #include "model/Custom.h"
 #include "support/Print.h"
 
+#include <map>
 #include <string>
 
 namespace TestModel {
@@ -117,5 +119,45 @@ inline ZqVariant OpenElements()
 {
     return CollectionValue(new ZqXmlLib9::CElementCol(u"", u"##any", u"", 1, 2));
 }
+
+/// Reads a document into an object. "u" ignores unknown elements, "m" missing mandatory ones, "c" a
+/// missing choice, "a" unknown attributes, "n" namespaces.
+/// \return the chain of messages of a failure
+inline std::string ReadOrFail(CCustom& object, const std::string& xml, const std::string& flags)
+{
+    const auto has = [&](char flag) { return flags.find(flag) != std::string::npos; };
+    ZqXmlLib9::CXmlSerializationContext context;
+    context.SetIgnoreUnknownElements(has('u'));
+    context.SetIgnoreMissingMandatoryElements(has('m'));
+    context.SetIgnoreMissingChoice(has('c'));
+    context.SetIgnoreUnknownAttributes(has('a'));
+    context.SetIgnoreNamespaces(has('n'));
+    return TextOrMessage([&] { return object.FromXml(xml.c_str(), context), std::string(); });
+}
+
+/// The messages that the tables have by their first word.
+inline std::string Expand(const std::string& outcome)
+{
+    const std::map<std::string, std::pair<std::string, std::string>> kMessages{
+        {"left",
+         {"Failed read all the elements held within the element [r]. The unexpected element [",
+          "] remains un processed"}},
+        {"none",
+         {"No child elements within the element [",
+          "] were populated. The element represents a choice, so one and only one element should "
+          "be populated. The element contained no sutable child elements"}},
+        {"required", {"Failed to find a required element [", "]"}},
+        {"mandatory", {"Failed to find the mandatory element [", "]"}},
+        {"unfinished",
+         {"", "::ElementFromXml, has not been implemented fully, contact "
+              "support@zqxmllib9.example"}}};
+    const std::size_t blank = outcome.find(' ');
+    const auto message = kMessages.find(outcome.substr(0, blank));
+    return message == kMessages.end()
+               ? outcome
+               : message->second.first + outcome.substr(blank + 1) + message->second.second;
+}
+
+#define XSI "xmlns:i='http://www.w3.org/2001/XMLSchema-instance'"
 
 }  // namespace TestModel

@@ -2,8 +2,6 @@
 
 #include "metadata/Grid.h"
 
-#include <gtest/gtest.h>
-
 #include <map>
 #include <sstream>
 
@@ -14,6 +12,9 @@ using namespace TestModel;
 
 constexpr auto kTag = XmlElementType_Element;
 constexpr auto kGroup = XmlElementType_Pseudo;
+constexpr auto kInSequence = XmlElementGroupType_Sequence;
+constexpr auto kInChoice = XmlElementGroupType_Choice;
+constexpr auto kInAll = XmlElementGroupType_All;
 
 /// A record of an element e as the first one of a class, and its property before the read.
 struct SRecord {
@@ -111,6 +112,7 @@ const std::map<std::string, SRecord> kChoiceRecords{
     {"Col", {Col<CElementInfoChoiceClsCol>, Items}},
     {"OpenCol", {OpenCol<CElementInfoChoiceUntpdCol, false>, OpenElements}}};
 const std::map<std::string, SRecord> kAllRecords{
+    {"PrimMnd", {Text<CElementInfoAllPrimMnd>, Nothing}},
     {"EnumMnd", {Colour<CElementInfoAllEnumMnd>, Nothing}},
     {"EnumOpt", {Colour<CElementInfoAllEnumOpt>, Nothing}},
     {"ClsMnd", {Mnd<CElementInfoAllClsMnd, kTag, true>, AnItem}},
@@ -124,11 +126,20 @@ const std::map<std::string, SRecord> kAllRecords{
     {"AnyOpt", {Open<CElementInfoAllUntpdOpt>, Nothing}},
     {"Col", {Col<CCompleteCol>, Items}}};
 
-// A record; "u" where unknown elements are ignored, "m" missing ones, "g" in a group without a tag;
-// the content; the properties of the record and of the element behind it, or the last message.
+// A record; flags of the context, "g" in a group without a tag, "o" as the only element; the
+// content; the properties of the record and of the element z behind it, or the last message.
 const char* const kSequence = R"(
 PrimMnd | <e>1</e><z/> | 1 ''
-PrimMnd u | <x/><e>1</e><z/> | 1 ''
+PrimMnd | <z/><e>1</e> | required e
+PrimMnd | | required e
+PrimMnd | <x/><e>1</e><z/> | required e
+PrimMnd | <e>1</e><z/><x/> | left x
+PrimMnd | <e>1</e><e>1</e><z/> | required z
+PrimMnd | <t:e>1</t:e><z/> | required e
+PrimMnd n | <t:e>1</t:e><z/> | 1 ''
+PrimMnd u | <x/><e>1</e><x/><z/><x/> | 1 ''
+PrimMnd u | <z/><e>1</e> | required z
+PrimMnd m | <x/> | left x
 PrimMnd m | <z/> | - ''
 PrimMnd g | <x/> | left x
 PrimMnd ug | <x/><e>1</e><z/> | 1 ''
@@ -186,6 +197,9 @@ OpenCol | | The Minimum number of [] elements allowed in this collection is 1
 const char* const kChoice = R"(
 Enum | <e>blue</e> | #2 -
 Enum | <z>1</z> | - 1
+Enum | | - -
+Enum | <e>blue</e><x/> | left x
+Enum u | <x/><e>blue</e><x/> | #2 -
 Cls | <e>1</e> | e(1) -
 Cls | <z>1</z> | - 1
 StrictChoice | <e/> | e([0]) -
@@ -202,10 +216,21 @@ Col | <z>1</z> | [0] 1
 Col | <e/><z/><e/> | left z
 Col | <e/><e/><e/> | The Maximum number of [e] elements allowed in this collection is 2
 Col g | <e/><e/><e/> | left e
+Col o | <e/><e/> | [2] -
+Col o | | none r
+Col o | <x/> | none r
+Col oc | | [0] -
+Col oc | <x/> | left x
+Col ou | <x/> | none r
 OpenCol | <e/><e/> | [2] -
 OpenCol | <z>1</z> | [0] 1
 )";
 const char* const kAll = R"(
+PrimMnd | <z/><e>1</e> | 1 ''
+PrimMnd | <z/><z/><e>1</e> | mandatory e
+PrimMnd | <z/><e>1</e><x/> | left x
+PrimMnd u | <z/><x/><e>1</e> | mandatory e
+PrimMnd u | <z/><e>1</e><x/> | 1 ''
 EnumMnd | <z/><e>red</e> | #0 ''
 EnumMnd m | <z/> | mandatory e
 EnumMnd g | <z/> | left z
@@ -229,25 +254,6 @@ AbsMnd | | mandatory e
 AbsOpt | | - -
 )";
 
-/// The messages that the tables have by their first word.
-std::string Expand(const std::string& outcome)
-{
-    const std::map<std::string, std::pair<std::string, std::string>> kMessages{
-        {"left",
-         {"Failed read all the elements held within the element [r]. The unexpected element [",
-          "] remains un processed"}},
-        {"required", {"Failed to find a required element [", "]"}},
-        {"mandatory", {"Failed to find the mandatory element [", "]"}},
-        {"unfinished",
-         {"", "::ElementFromXml, has not been implemented fully, contact "
-              "support@zqxmllib9.example"}}};
-    const std::size_t blank = outcome.find(' ');
-    const auto message = kMessages.find(outcome.substr(0, blank));
-    return message == kMessages.end()
-               ? outcome
-               : message->second.first + outcome.substr(blank + 1) + message->second.second;
-}
-
 /// Reads a content into a class of this group with the record as its first one and an element z
 /// behind it. Tells the properties, or the last message.
 std::string Read(XmlElementGroupType group, const SRecord& record, const std::string& flags,
@@ -256,11 +262,12 @@ std::string Read(XmlElementGroupType group, const SRecord& record, const std::st
     const auto has = [&](char flag) { return flags.find(flag) != std::string::npos; };
     CClass type(Info(group, has('g') ? kGroup : kTag), u"urn:parent");
     record.add(type);
-    switch (group) {
-    case XmlElementGroupType_Sequence: type.Text(u"z", 1); break;
-    case XmlElementGroupType_Choice: type.Text<CElementInfoChoicePrimOpt>(u"z", 1); break;
-    case XmlElementGroupType_All: type.Text<CElementInfoAllPrimOpt>(u"z", 1); break;
-    }
+    if (group == kInSequence)
+        type.Text(u"z", 1);
+    else if (group == kInAll)
+        type.Text<CElementInfoAllPrimOpt>(u"z", 1);
+    else if (!has('o'))
+        type.Text<CElementInfoChoicePrimOpt>(u"z", 1);
     CClass outer(Info());
     outer.Child(u"group", 0, kGroup);
     const CSmartPtr<CCustom> object = new CCustom(type, u"r");
@@ -268,28 +275,19 @@ std::string Read(XmlElementGroupType group, const SRecord& record, const std::st
     const CSmartPtr<CCustom> root = has('g') ? new CCustom(outer) : object;
     if (has('g'))
         (*root)[0] = ObjectValue(object.Get());
-    CXmlSerializationContext context;
-    context.SetIgnoreUnknownElements(has('u'));
-    context.SetIgnoreMissingMandatoryElements(has('m'));
     CCustom::s_log.clear();
-    try {
-        const std::string xml =
-            "<r xmlns:t='urn:t' xmlns:i='http://www.w3.org/2001/XMLSchema-instance'>" + content;
-        root->FromXml((xml + "</r>").c_str(), context);
-    }
-    catch (const CZqException& failure) {
-        const std::string chain = failure.GetFullMessageUtf8();
-        return chain.substr(chain.rfind('\n') + 1);
-    }
-    return Describe((*object)[0]) + " " + Describe((*object)[1]);
+    const std::string xml = "<r xmlns:t='urn:t' " XSI ">" + content + "</r>";
+    const std::string failure = ReadOrFail(*root, xml, flags);
+    return failure.empty() ? Describe((*object)[0]) + " " + Describe((*object)[1])
+                           : failure.substr(failure.rfind('\n') + 1);
 }
 
 TEST(Record, ReadsAsItsCellSays)
 {
     for (const auto& [group, records, rows] :
-         {std::tuple(XmlElementGroupType_Sequence, &kSequenceRecords, kSequence),
-          {XmlElementGroupType_Choice, &kChoiceRecords, kChoice},
-          {XmlElementGroupType_All, &kAllRecords, kAll}}) {
+         {std::tuple(kInSequence, &kSequenceRecords, kSequence),
+          {kInChoice, &kChoiceRecords, kChoice},
+          {kInAll, &kAllRecords, kAll}}) {
         std::istringstream lines(rows);
         for (std::string line; std::getline(lines, line);) {
             if (line.empty())
@@ -308,25 +306,22 @@ TEST(Record, ReadsAsItsCellSays)
 
 TEST(Record, StoresWhenItsKindDoes)
 {
-    const auto log = [](XmlElementGroupType group, const SRecord& record, const char* flags,
-                        const char* content) {
+    for (const auto& [group, record, flags, content, log] :
+         {std::tuple(kInSequence, kSequenceRecords.at("ClsOpt"), "", "<e>1</e><z/>",
+                     "r init; item init; e set 0; r set 0; r set 1; "),
+          {kInSequence, kSequenceRecords.at("ClsMnd"), "", "<e>1</e><z/>",
+           "r init; item init; e set 0; r set 1; "},
+          {kInChoice, kChoiceRecords.at("Cls"), "", "<e>1</e>",
+           "r init; r set 0; item init; e set 0; "},
+          {kInChoice, kChoiceRecords.at("Group"), "", "", "r init; "},
+          {kInChoice, kChoiceRecords.at("Group"), "u", "<x/>",
+           "r init; r set 0; group init; r set 0; "},
+          {kInChoice, kChoiceRecords.at("Abs"), "u", "<e/>", "r init; r set 0; "},
+          {kInAll, kAllRecords.at("ClsOpt"), "", "<e>1</e>",
+           "r init; item init; e set 0; r set 0; "}}) {
         Read(group, record, flags, content);
-        return CCustom::s_log;
-    };
-    const auto sequence = XmlElementGroupType_Sequence;
-    EXPECT_EQ(log(sequence, kSequenceRecords.at("ClsOpt"), "", "<e>1</e><z/>"),
-              "r init; item init; e set 0; r set 0; r set 1; ");
-    EXPECT_EQ(log(sequence, kSequenceRecords.at("ClsMnd"), "", "<e>1</e><z/>"),
-              "r init; item init; e set 0; r set 1; ");
-    const auto choice = XmlElementGroupType_Choice;
-    EXPECT_EQ(log(choice, kChoiceRecords.at("Cls"), "", "<e>1</e>"),
-              "r init; r set 0; item init; e set 0; ");
-    EXPECT_EQ(log(choice, kChoiceRecords.at("Group"), "", ""), "r init; ");
-    EXPECT_EQ(log(choice, kChoiceRecords.at("Group"), "u", "<x/>"),
-              "r init; r set 0; group init; r set 0; ");
-    EXPECT_EQ(log(choice, kChoiceRecords.at("Abs"), "u", "<e/>"), "r init; r set 0; ");
-    EXPECT_EQ(log(XmlElementGroupType_All, kAllRecords.at("ClsOpt"), "", "<e>1</e>"),
-              "r init; item init; e set 0; r set 0; ");
+        EXPECT_EQ(CCustom::s_log, log);
+    }
 }
 
 TEST(Record, LetsAnEmptyChoiceBeWrittenOneLevelDown)
@@ -353,8 +348,8 @@ TEST(Record, WritesWhatItCanNotRead)
 TEST(Record, TestsTheCountOfACollectionOnOutput)
 {
     CClass type(Info());
-    Col<CElementInfoSeqClsCol>(type);
-    const CSmartPtr<CCustom> object = new CCustom(type, u"r", {Items()});
+    const CSmartPtr<CCustom> object =
+        new CCustom(Col<CElementInfoSeqClsCol>(type), u"r", {Items()});
     EXPECT_THROW(object->ToXml(), CZqValidationException);
     CXmlSerializationContext context;
     context.SetIgnoreInvalidCollectionCounts(true);
