@@ -4,8 +4,6 @@
 #include "model/Letter.h"
 #include "support/Print.h"
 
-#include <gtest/gtest.h>
-
 #include <barrier>
 #include <thread>
 #include <vector>
@@ -35,7 +33,7 @@ TEST(Threads, WriteAndReadObjectsOfOneClass)
 {
     OnAllThreads([](int i) {
         const CSmartPtr<CLetter> written =
-            new CLetter(u"to", u"from", FormatString(u"letter %d", i).c_str());
+            new CLetter(u"to", u"from", ToUtf16(std::to_string(i)).c_str());
         const CSmartPtr<CLetter> read = new CLetter();
         read->FromXml(written->ToXml().c_str());
         ASSERT_EQ(*read, *written);
@@ -62,14 +60,10 @@ TEST(Threads, ShareWhatNoneChanges)
         ASSERT_EQ(holder->ToXml(), expected);
         ASSERT_EQ(holder->ToFastInfosetStream(FInfoDecl_None, context), compact);
         const CSmartPtr<CLetter> read = new CLetter();
-        switch (i % 4) {
-        case 0:
-            read->FromXmlElement(static_cast<const CXmlDocument&>(document).GetDocumentElement());
-            break;
-        case 1: read->FromXmlStream(text); break;
-        case 2: read->FromXmlStream(octets); break;
-        default: read->FromXmlStream(compact, context);
-        }
+        if (i % 4 == 0)
+            read->FromXmlElement(std::as_const(document).GetDocumentElement());
+        else
+            read->FromXmlStream(i % 4 == 1 ? text : i % 4 == 2 ? octets : compact, context);
         ASSERT_EQ(*read, *shared);
         // Made by the first who asks.
         ASSERT_EQ(context.GetAdditionalRootAttributes()->GetCount(), 0);

@@ -1,11 +1,8 @@
 // The gate in a process whose generator doesn't fit the library: the version is registered once
-// for a process, so each case is a process of its own. The argument names it.
+// for a process, so each one is a process of its own. The argument names it.
 
 #include "model/Letter.h"
 #include "support/Print.h"
-#include "support/TempFile.h"
-
-#include <gtest/gtest.h>
 
 namespace ZqXmlLib9 {
 namespace {
@@ -23,17 +20,13 @@ void Show(std::u16string_view title, std::u16string_view text)
 TEST(Mismatch, ShowsAtTheFirstObjectAndFailsAtEveryEntryPoint)
 {
     SetMessageBoxHandler(Show);
-    const std::string box =
-        "Version Mismatch Error: Please ensure your generated code is the same version as this "
-        "library (Quorel Runtime: v9.0, Generator: v"
-        + g_registered + ").\n";
-    const CSmartPtr<CLetter> letter = new CLetter();
-    EXPECT_EQ(g_shown, box);
-    const CSmartPtr<CLetter> second = new CLetter();
+    const std::string versions = "(Quorel Runtime: v9.0, Generator: v" + g_registered + ")";
+    const std::string advice =
+        "Please ensure your generated code is the same version as this library " + versions + ".\n";
+    const CSmartPtr<CLetter> letter = new CLetter(), second = new CLetter();
+    const std::string box = "Version Mismatch Error: " + advice;
     EXPECT_EQ(g_shown, box) << "the constructor tests once for the process";
 
-    const std::string wrong =
-        "Wrong Version (Quorel Runtime: v9.0, Generator: v" + g_registered + ")";
     unsigned char octet = '<';
     CXmlDocument document;
     document.LoadXml("<r/>");
@@ -49,41 +42,24 @@ TEST(Mismatch, ShowsAtTheFirstObjectAndFailsAtEveryEntryPoint)
         [&] { letter->ToXmlStream(); },
         [&] { letter->ToXmlFile(u"/missing/a"); },
         [&] { CSmartPtr<CElement>(new CElement(letter.Get(), u"")); },
-        [&] {
-            AsyncToXmlFile(true);
-            letter->ToXmlFile(u"/missing/a");
-        },
+        [&] { AsyncToXmlFile(true), letter->ToXmlFile(u"/missing/a"); },
     };
     for (const auto& entryPoint : entryPoints) {
         g_shown.clear();
-        EXPECT_EQ(MessageOf(entryPoint), wrong);
+        EXPECT_EQ(MessageOf(entryPoint), "Wrong Version " + versions);
         EXPECT_EQ(g_shown, box);
     }
-
-    const CXmlSerializationContext context;
     EXPECT_EQ(MessageOf([&] {
-                  letter->ToXmlFile(u"/missing/a", true, true, XmlEncoding_UTF8, EOLType_LF,
-                                    context, CompressionType_ZLIB);
+                  letter->ToXmlFile(u"/missing/a", true, true, XmlEncoding_UTF8, EOLType_LF, {},
+                                    CompressionType_ZLIB);
               }),
               "ZLIB Compression only available for To Stream methods.");
 
-    if (g_registered != "0.0") {
-        Register(9, 0);
-        EXPECT_EQ(MessageOf(entryPoints[0]), wrong) << "the first registration counts";
-    }
-}
-
-TEST(Mismatch, GoesToStandardErrorWithoutAHandler)
-{
+    Register(9, 0);
     SetMessageBoxHandler(nullptr);
-    const CSmartPtr<CLetter> letter = new CLetter();
     testing::internal::CaptureStderr();
-    EXPECT_THROW(letter->ToXml(), CZqException);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "Version Mismatch Error\n"
-              "Please ensure your generated code is the same version as this library (Quorel "
-              "Runtime: v9.0, Generator: v"
-                  + g_registered + ").\n");
+    EXPECT_EQ(MessageOf(entryPoints[0]), "Wrong Version " + versions) << "the first one counts";
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Version Mismatch Error\n" + advice);
 }
 
 }  // namespace
@@ -92,12 +68,8 @@ TEST(Mismatch, GoesToStandardErrorWithoutAHandler)
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
-    const std::string which = argc > 1 ? argv[1] : "none";
-    using namespace ZqXmlLib9;
-    g_registered = which == "none" ? "0.0" : which;
-    if (which == "9.1")
-        Register(9, 1);
-    else if (which == "8.0")
-        Register(8, 0);
+    const bool isNewer = argc > 1 && argv[1] == std::string_view("9.1");
+    ZqXmlLib9::g_registered = isNewer ? "9.1" : "8.0";
+    ZqXmlLib9::Register(isNewer ? 9 : 8, isNewer ? 1 : 0);
     return RUN_ALL_TESTS();
 }
