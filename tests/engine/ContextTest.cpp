@@ -4,8 +4,6 @@
 
 #include <ZqXmlLib9/engine/XmlSerializationContext.h>
 
-#include <gtest/gtest.h>
-
 namespace ZqXmlLib9 {
 namespace {
 

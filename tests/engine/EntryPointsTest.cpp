@@ -29,9 +29,10 @@ std::string OctetsOf(const CBinaryData& data)
 template <typename TLoad>
 void ExpectBack(const CLetter& written, TLoad load)
 {
-    const CSmartPtr<CLetter> read = new CLetter();
+    const CSmartPtr<CLetter> read = new CLetter(u"renamed");
     load(*read);
     EXPECT_TRUE(*read == written);
+    EXPECT_EQ(U8(read->GetElementName()), "letter");
 }
 
 TEST(Documents, ComeBackByEveryRoadOfText)
@@ -51,12 +52,8 @@ TEST(Documents, ComeBackByEveryRoadOfText)
         [&](CLetter& read) { read.FromXmlStream(std::as_bytes(std::span(utf8))); },
         [&](CLetter& read) { read.FromXmlElement(element); },
     };
-    for (const auto& road : roads) {
-        const CSmartPtr<CLetter> read = new CLetter(u"renamed");
-        road(*read);
-        EXPECT_TRUE(*read == *letter);
-        EXPECT_EQ(U8(read->GetElementName()), "letter");
-    }
+    for (const auto& road : roads)
+        ExpectBack(*letter, road);
 }
 
 TEST(Documents, ComeBackFromEveryEncodingWayAndWrapper)

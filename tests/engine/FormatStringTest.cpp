@@ -4,8 +4,6 @@
 
 #include <ZqXmlLib9/engine/FormatString.h>
 
-#include <gtest/gtest.h>
-
 #include <cfloat>
 #include <climits>
 #include <clocale>

@@ -2,8 +2,6 @@
 
 #include "model/EventLog.h"
 
-#include <gtest/gtest.h>
-
 #include <cstring>
 
 namespace ZqXmlLib9 {
@@ -156,26 +154,24 @@ TEST(Variant, KeepsWhatItHoldsByItsRules)
 {
     const CSmartPtr<CCustom> object = new CCustom(PlainClass());
     const auto countOf = [&] { return object->AddRef(), object->Release(); };
+    ZqVariant value = ObjectValue(object.Get());
     {
-        ZqVariant value = ObjectValue(object.Get());
         const ZqVariant copy = value;
         EXPECT_EQ(countOf(), 3);
-        value = TextValue(u"text");
-        EXPECT_EQ(countOf(), 2);
-        const ZqVariant& self = value;
-        value = self;
-        constexpr auto kNone = CWhitespaceUtils::WhitespaceRule_None;
-        EXPECT_EQ(MessageOf([&] { value.FromString(u"x", ItemType_xmlObject, kNone); }),
-                  "Invalid Type 27 to convert to string");
-        constexpr auto kUnknown = static_cast<CWhitespaceUtils::WhitespaceRule>(4);
-        EXPECT_THROW(value.FromString(u"x", ItemType_string, kUnknown), CZqException);
-        EXPECT_EQ(U8(value.ToString(u"ignored")), "text");
-        EXPECT_THROW(static_cast<void>(value.GetI4()), CZqInvalidStateException);
     }
+    value = TextValue(u"text");
     EXPECT_EQ(countOf(), 1);
-    const ZqVariant null = ObjectValue(nullptr);
-    EXPECT_TRUE(null.IsValid());
-    EXPECT_EQ(MessageOf([&] { static_cast<void>(null.GetType()); }), "Invalid Type 27");
+    value = std::as_const(value);
+    constexpr auto kNone = CWhitespaceUtils::WhitespaceRule_None;
+    EXPECT_EQ(MessageOf([&] { value.FromString(u"x", ItemType_xmlObject, kNone); }),
+              "Invalid Type 27 to convert to string");
+    constexpr auto kUnknown = static_cast<CWhitespaceUtils::WhitespaceRule>(4);
+    EXPECT_THROW(value.FromString(u"x", ItemType_string, kUnknown), CZqException);
+    EXPECT_THROW(static_cast<void>(value.GetI4()), CZqInvalidStateException);
+    EXPECT_EQ(U8(value.ToString(u"ignored")), "text");
+    value = ObjectValue(nullptr);
+    EXPECT_TRUE(value.IsValid());
+    EXPECT_EQ(MessageOf([&] { static_cast<void>(value.GetType()); }), "Invalid Type 27");
 }
 
 /// The place of a virtual operation in the table of its class, counted from 0 (Itanium C++ ABI).

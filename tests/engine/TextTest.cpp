@@ -5,10 +5,6 @@
 #include <ZqXmlLib9/engine/FormatString.h>
 #include <ZqXmlLib9/engine/Text.h>
 
-#include <gtest/gtest.h>
-
-#include <utility>
-
 namespace ZqXmlLib9 {
 namespace {
 

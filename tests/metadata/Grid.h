@@ -6,50 +6,25 @@
 #include "support/Print.h"
 
 #include <map>
-#include <string>
 
 namespace TestModel {
 
-/// A group without a tag: a sequence of the elements a and b, both mandatory.
-class CGroup : public CCustom {
-public:
-    CGroup() : CCustom(Type(), u"group") {}
-
-private:
-    static CClass& Type()
-    {
-        static CClass type =
-            std::move(CClass(Info(XmlElementGroupType_Sequence, XmlElementType_Pseudo))
-                          .Text(u"a", 0)
-                          .Text(u"b", 1));
-        return type;
-    }
-};
-
-/// A choice that must not be empty.
-class CStrictChoice : public CCustom {
-public:
-    CStrictChoice() : CCustom(Type(), u"strict", {CollectionValue(new CItemCol(u"i", u"", 1, -1))})
-    {}
-
-private:
-    static CClass& Type()
-    {
-        static CClass type =
-            std::move(CClass(Info(XmlElementGroupType_Choice))
-                          .Element<CElementInfoChoiceClsCol>(u"i", u"", 0, XmlElementType_Element));
-        return type;
-    }
-};
-
-/// By class: 0 an item, 1 a group, 2 a choice that must not be empty.
+/// By class: 0 an item; 1 a group without a tag, a sequence of the elements a and b, both mandatory;
+/// 2 a choice that must not be empty.
 inline CSmartPtr<CXmlObjectBase> MakeByClass(int classId, const char16_t*)
 {
+    static CClass group =
+        std::move(CClass(Info(XmlElementGroupType_Sequence, XmlElementType_Pseudo))
+                      .Text(u"a", 0)
+                      .Text(u"b", 1));
+    static CClass strict =
+        std::move(CClass(Info(XmlElementGroupType_Choice))
+                      .Element<CElementInfoChoiceClsCol>(u"i", u"", 0, XmlElementType_Element));
     if (classId == 0)
         return new CItem();
     if (classId == 1)
-        return new CGroup();
-    return new CStrictChoice();
+        return new CCustom(group, u"group");
+    return new CCustom(strict, u"strict", {CollectionValue(new CItemCol(u"i", u"", 1, -1))});
 }
 
 /// By element: an item for the type `Item`, nothing for any other.
@@ -95,30 +70,17 @@ inline std::string Describe(const ZqVariant& value)
     }
 }
 
-inline ZqVariant Nothing()
-{
-    return ZqVariant();
-}
-inline ZqVariant AnItem()
-{
-    return ObjectValue(new CItem());
-}
-inline ZqVariant AGroup()
-{
-    return ObjectValue(new CGroup());
-}
-inline ZqVariant AnOpenElement()
-{
+// What properties hold before a read.
+inline const auto kNothing = [] { return ZqVariant(); };
+inline const auto kItem = [] { return ObjectValue(new CItem()); };
+inline const auto kGroupObject = [] { return ObjectValue(MakeByClass(1, u"").Get()); };
+inline const auto kOpenElement = [] {
     return ObjectValue(new ZqXmlLib9::CElement(u"e", u"", u"##other", u"urn:t"));
-}
-inline ZqVariant Items()
-{
-    return CollectionValue(new CItemCol(u"e", u"", 1, 2));
-}
-inline ZqVariant OpenElements()
-{
+};
+inline const auto kItems = [] { return CollectionValue(new CItemCol(u"e", u"", 1, 2)); };
+inline const auto kOpenElements = [] {
     return CollectionValue(new ZqXmlLib9::CElementCol(u"", u"##any", u"", 1, 2));
-}
+};
 
 /// Reads a document into an object. "u" ignores unknown elements, "m" missing mandatory ones, "c" a
 /// missing choice, "a" unknown attributes, "n" namespaces.

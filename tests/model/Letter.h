@@ -20,9 +20,6 @@ public:
         m_texts = {to, from, body};
     }
 
-    const std::u16string& GetTo() const { return m_texts[0]; }
-    const std::u16string& GetFrom() const { return m_texts[1]; }
-    const std::u16string& GetBody() const { return m_texts[2]; }
     void SetBody(const std::u16string& body) { m_texts[2] = body; }
 
     using CXmlGeneratedClass::GetElementName;

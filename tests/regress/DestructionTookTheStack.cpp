@@ -3,9 +3,7 @@
 #include "model/Custom.h"
 #include "support/Stack.h"
 
-namespace ZqXmlLib9 {
-namespace {
-
+using namespace ZqXmlLib9;
 using namespace TestModel;
 
 TEST(DestructionStack, IsSmallForObjectsInVariants)
@@ -17,6 +15,3 @@ TEST(DestructionStack, IsSmallForObjectsInVariants)
     RunOnStack(std::size_t{256} << 10, [&deep] { deep = nullptr; });
     EXPECT_EQ(deep, nullptr);
 }
-
-}  // namespace
-}  // namespace ZqXmlLib9

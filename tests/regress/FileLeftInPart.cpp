@@ -8,8 +8,7 @@
 
 #include <gtest/gtest.h>
 
-namespace ZqXmlLib9 {
-namespace {
+using namespace ZqXmlLib9;
 
 TEST(Regress, AFileHoldsAllOfADocumentOrNone)
 {
@@ -22,6 +21,3 @@ TEST(Regress, AFileHoldsAllOfADocumentOrNone)
         EXPECT_EQ(file.GetContent(), call < 5 ? "old" : "") << fault.GetFailed();
     }
 }
-
-}  // namespace
-}  // namespace ZqXmlLib9

@@ -3,12 +3,7 @@
 
 #include "support/HeapFault.h"
 
-#include <ZqXmlLib9/ZqXmlLib9.h>
-
-#include <gtest/gtest.h>
-
-namespace ZqXmlLib9 {
-namespace {
+using namespace ZqXmlLib9;
 
 /// Counts the items of a collection by its events alone.
 struct SCounter final : IEventSink {
@@ -59,6 +54,3 @@ TEST(Regress, ListenersKnowWhatACollectionHolds)
         elements->Add(u"last");  // whose end the listener hears of too
     });
 }
-
-}  // namespace
-}  // namespace ZqXmlLib9

@@ -2,14 +2,8 @@
 // the result.
 
 #include "support/HeapFault.h"
-#include "support/Print.h"
 
-#include <ZqXmlLib9/ZqXmlLib9.h>
-
-#include <gtest/gtest.h>
-
-namespace ZqXmlLib9 {
-namespace {
+using namespace ZqXmlLib9;
 
 TEST(Regress, ABigNumberChangesAsAWhole)
 {
@@ -40,6 +34,3 @@ TEST(Regress, ABigNumberChangesAsAWhole)
              [&](auto& v) { v /= CDecimal(3); });
     });
 }
-
-}  // namespace
-}  // namespace ZqXmlLib9

@@ -1,14 +1,8 @@
 // A document was said to be faulty ("out of memory at line 1") where memory had run out.
 
 #include "support/HeapFault.h"
-#include "support/Print.h"
 
-#include <ZqXmlLib9/ZqXmlLib9.h>
-
-#include <gtest/gtest.h>
-
-namespace ZqXmlLib9 {
-namespace {
+using namespace ZqXmlLib9;
 
 TEST(Regress, LackOfMemoryIsNoFaultOfTheDocument)
 {
@@ -36,6 +30,3 @@ TEST(Regress, LackOfMemoryIsNoFaultOfTheDocument)
             "entity &amp; its text</AA:r>");
     });
 }
-
-}  // namespace
-}  // namespace ZqXmlLib9

@@ -2,14 +2,9 @@
 
 #include "support/HeapFault.h"
 
-#include <ZqXmlLib9/ZqXmlLib9.h>
-
-#include <gtest/gtest.h>
-
 #include <thread>
 
-namespace ZqXmlLib9 {
-namespace {
+using namespace ZqXmlLib9;
 
 TEST(Regress, LackOfMemoryIsNoMismatch)
 {
@@ -26,6 +21,3 @@ TEST(Regress, LackOfMemoryIsNoMismatch)
         }).join();
     });
 }
-
-}  // namespace
-}  // namespace ZqXmlLib9

@@ -2,14 +2,8 @@
 // indices.
 
 #include "support/HeapFault.h"
-#include "support/Print.h"
 
-#include <ZqXmlLib9/ZqXmlLib9.h>
-
-#include <gtest/gtest.h>
-
-namespace ZqXmlLib9 {
-namespace {
+using namespace ZqXmlLib9;
 
 TEST(Regress, AVocabularyTakesAnEntryAsAWholeOrNotAtAll)
 {
@@ -37,6 +31,3 @@ TEST(Regress, AVocabularyTakesAnEntryAsAWholeOrNotAtAll)
         EXPECT_EQ(U8(read->ToXml()), U8(element->ToXml()));
     });
 }
-
-}  // namespace
-}  // namespace ZqXmlLib9

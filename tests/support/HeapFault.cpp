@@ -1,9 +1,5 @@
 #include "HeapFault.h"
 
-#include <ZqXmlLib9/engine/Exceptions.h>
-
-#include <gtest/gtest.h>
-
 #include <atomic>
 #include <cerrno>
 #include <cstdlib>
@@ -24,15 +20,10 @@ constinit std::atomic<long> g_blocks{0};
 
 bool Fails()
 {
-    if (t_untilFailure == kNever)
+    if (t_untilFailure == kNever || t_untilFailure-- != 0)
         return false;
-    if (t_untilFailure != 0) {
-        --t_untilFailure;
-        return false;
-    }
     t_wasReached = true;
-    if (t_kind == CHeapFault::Once)
-        t_untilFailure = kNever;
+    t_untilFailure = t_kind == CHeapFault::Once ? kNever : 0;
     errno = ENOMEM;
     return true;
 }
@@ -148,9 +139,7 @@ void CHeapFaultRun::Try(const std::function<void()>& step,
     step();
 }
 
-namespace {
-
-void RunScenario(const std::function<void(CHeapFaultRun&)>& scenario, CHeapFaultRun& run)
+static void RunScenario(const std::function<void(CHeapFaultRun&)>& scenario, CHeapFaultRun& run)
 {
     try {
         scenario(run);
@@ -159,8 +148,6 @@ void RunScenario(const std::function<void(CHeapFaultRun&)>& scenario, CHeapFault
         ADD_FAILURE() << failure;
     }
 }
-
-}  // namespace
 
 void FailEveryAllocation(const std::function<void(CHeapFaultRun&)>& scenario)
 {

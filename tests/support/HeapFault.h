@@ -5,6 +5,10 @@
 // malloc for themselves: there only operator new is replaced.
 #pragma once
 
+#include "Print.h"
+
+#include <ZqXmlLib9/ZqXmlLib9.h>
+
 #include <functional>
 
 /// Fails an allocation of this thread, while it lives; only one may live on a thread.

@@ -1,14 +1,122 @@
-// The walk that writes: what comes in which order, and the chain of messages where it fails.
+// The walk that reads: what comes out or the chain of messages. The walk that writes: what comes in
+// which order, and the chain of messages where it fails.
 
-#include "model/Custom.h"
-#include "support/Print.h"
-
-#include <gtest/gtest.h>
+#include "metadata/Grid.h"
 
 namespace ZqXmlLib9 {
 namespace {
 
 using namespace TestModel;
+
+constexpr auto kSequence = XmlElementGroupType_Sequence;
+constexpr auto kChoice = XmlElementGroupType_Choice;
+constexpr auto kAll = XmlElementGroupType_All;
+constexpr auto kPseudo = XmlElementType_Pseudo;
+
+/// Reads and tells the object, or the chain of messages below the root.
+std::string Read(CCustom& object, const std::string& xml, const std::string& flags = "")
+{
+    const std::string failure = ReadOrFail(object, xml, flags);
+    if (failure.empty())
+        return Describe(&object);
+    EXPECT_TRUE(failure.starts_with("Failed to process the element [r]\n")) << failure;
+    return failure.substr(failure.find('\n') + 1);
+}
+
+/// A sequence of an element f, a group without a tag of a and b, and an element z.
+TEST(PseudoGroup, GivesTheCursorBackOnAMiss)
+{
+    const std::string both = "init;set 0;set 1;";
+    for (const auto& [group, isRequired, flags, content, log, outcome] :
+         {std::tuple(kSequence, true, "", "<f/><a>1</a><b>2</b><z/>", both, "r(group(1 2) '' '')"),
+          {kSequence, false, "", "<f/><a>1</a><z/>", "init;set 0;", "required z"},
+          {kSequence, true, "", "<f/><a>1</a><z/>", "init;set 0;", "required group"},
+          {kSequence, true, "", "<f/>", "", "required group"},
+          {kSequence, false, "u", "<f/><x/><a>1</a><x/><b>2</b><z/>", both, "r(group(1 2) '' '')"},
+          {kChoice, true, "", "<f/><b>2</b><z/>", "init;set 1;", "r(group(2) '' '')"},
+          {kAll, true, "", "<f/><b>2</b><a>1</a><z/>", "init;set 1;set 0;", "r(group(1 2) '' '')"},
+          {kAll, true, "", "<f/><b>2</b><z/>", "init;set 1;", "required group"}}) {
+        CClass groupType(Info(group, kPseudo));
+        for (const auto& [name, index] : {std::pair(u"a", 0), {u"b", 1}})
+            switch (group) {
+            case kSequence: groupType.Text(name, index); break;
+            case kChoice: groupType.Text<CElementInfoChoicePrimOpt>(name, index); break;
+            case kAll: groupType.Text<CElementInfoAllPrimMnd>(name, index); break;
+            }
+        CClass type(Info());
+        type.Text(u"f", 1).Child(u"group", 0, kPseudo, u"", isRequired).Text(u"z", 2);
+        const CSmartPtr<CCustom> object = new CCustom(groupType, u"group");
+        const CSmartPtr<CCustom> root =
+            new CCustom(type, u"r", {ObjectValue(object.Get()), ZqVariant(), ZqVariant()});
+        EXPECT_EQ(Read(*root, std::string("<r>") + content + "</r>", flags), Expand(outcome))
+            << content;
+        EXPECT_EQ(object->m_log, log) << content;
+    }
+}
+
+TEST(Attributes, AreOfferedThenValidated)
+{
+    CClass type(Info());
+    type.TextAttribute(u"id", 0, false).TextAttribute(u"lang", 1, true);
+    const std::string missing = "Failed to find the required Attribute [id]";
+    for (const auto& [flags, attributes, outcome] :
+         {std::tuple("", "lang='de' id='1'", std::string("r(1 de)")),
+          {"", "lang='de'", missing},
+          {"au", "", missing},
+          {"", "id='1' x='2'", "Unexpected Attribute [x] found."},
+          {"a", "id='1' x='2'", "r(1)"},
+          {"", "id='1' i:type='t' i:schemaLocation='a' i:noNamespaceSchemaLocation='c'", "r(1)"},
+          {"", "id='1' i:nil='FALSE'", "r(1)"},
+          {"a", "id='1' i:nil='1'", "Unexpected Value for Attribute [nil] found."}}) {
+        const CSmartPtr<CCustom> object = new CNillableCustom(type);
+        EXPECT_EQ(Read(*object, std::string("<r " XSI " ") + attributes + "/>", flags), outcome);
+    }
+    CClass tolerant({kSequence, XmlElementType_Element, u"T", u"", -1, false, false});
+    EXPECT_EQ(Read(*CSmartPtr<CCustom>(new CCustom(tolerant)), "<r x='1' y='2'/>"), "r()");
+}
+
+TEST(NilElement, ReadsAttributesAndNoContent)
+{
+    CClass type(Info(kSequence, XmlElementType_Element, 3));
+    type.Text(u"a", 0).TextAttribute(u"id", 1, false);
+    const CSmartPtr<CNillableCustom> object = new CNillableCustom(type);
+    EXPECT_EQ(Read(*object, "<r " XSI " i:nil='TRUE' id='7'>text<strange/></r>"), "r(7)");
+    EXPECT_TRUE(object->IsNil());
+    const CSmartPtr<CCustom> strict = new CCustom(type);
+    EXPECT_EQ(Read(*strict, "<r " XSI " i:nil='true' id='7'/>", "a"),
+              "Unexpected Attribute [nil] found.");
+    EXPECT_EQ(Read(*strict, "<r id='7'>x<a>1</a>y</r>"), "r(1 7 xy)");
+    EXPECT_EQ(strict->m_log, "init;init;set 1;set 0;set 3;") << "the text comes last";
+}
+
+TEST(Chain, NamesEveryElementFromTheRoot)
+{
+    CClass inner(Info()), middle(Info()), outer(Info());
+    inner.Text(u"leaf", 0);
+    middle.Child(u"inner", 0);
+    outer.Child(u"middle", 0);
+    const CSmartPtr<CCustom> innerObject = new CCustom(inner);
+    const CSmartPtr<CCustom> middleObject =
+        new CCustom(middle, u"middle", {ObjectValue(innerObject.Get())});
+    const CSmartPtr<CCustom> object = new CCustom(outer, u"r", {ObjectValue(middleObject.Get())});
+    EXPECT_EQ(Read(*object, "<r><middle><inner><x/></inner></middle></r>"),
+              "Failed to process the element [middle]\n"
+              "Failed to process the element [inner]\n"
+              "Failed to find a required element [leaf]");
+}
+
+TEST(MoreRecordsThanAWord, EachHasItsFlag)
+{
+    CClass type(Info(kAll));
+    std::string xml = "<r>";
+    for (int i = 69; i >= 0; --i)
+        xml += "<e" + std::to_string(i) + "/>";
+    for (int i = 0; i < 70; ++i)
+        type.Text<CElementInfoAllPrimMnd>(ToUtf16("e" + std::to_string(i)).c_str(), i % 8);
+    const CSmartPtr<CCustom> object = new CCustom(type);
+    EXPECT_NO_THROW(object->FromXml((xml + "</r>").c_str()));
+    EXPECT_THROW(object->FromXml((xml + "<e69/></r>").c_str()), CZqValidationException);
+}
 
 std::string Write(const CSmartPtr<CCustom>& object,
                   const CXmlSerializationContext& context = CXmlSerializationContext(),
@@ -52,7 +160,7 @@ TEST(XsiType, StandsForADerivedClassUnderAnotherName)
           {false, true, u"e", "<e id=\"7\"/>"},
           {true, false, u"e", "<e id=\"7\"/>"},
           {true, true, u"Type", "<Type id=\"7\"/>"}}) {
-        CClass type(Info(XmlElementGroupType_Sequence, XmlElementType_Element, -1, hasBases));
+        CClass type(Info(kSequence, XmlElementType_Element, -1, hasBases));
         type.TextAttribute(u"id", 0, true);
         CXmlSerializationContext context;
         context.SetWriteTypeAttribute(writesType);
@@ -62,7 +170,7 @@ TEST(XsiType, StandsForADerivedClassUnderAnotherName)
 
 TEST(NilObject, WritesAttributesAndNoContent)
 {
-    CClass type(Info(XmlElementGroupType_Sequence, XmlElementType_Element, 2));
+    CClass type(Info(kSequence, XmlElementType_Element, 2));
     type.Text(u"a", 0).TextAttribute(u"id", 1, false);
     const std::vector<ZqVariant> values(3, TextValue(u"x"));
     const CSmartPtr<CNillableCustom> object = new CNillableCustom(type, u"root", values);
@@ -77,12 +185,11 @@ TEST(NilObject, WritesAttributesAndNoContent)
 
 TEST(Group, WritesChildrenAndTextInsideAndAttributesOnTheEnclosingTag)
 {
-    constexpr auto kGroup = XmlElementType_Pseudo;
-    CClass innerType(Info(XmlElementGroupType_Sequence, kGroup)), type(Info());
+    CClass innerType(Info(kSequence, kPseudo)), type(Info());
     innerType.TextAttribute(u"deep", 0, true);
-    CClass groupType(Info(XmlElementGroupType_Sequence, kGroup, 2));
-    groupType.Text(u"g", 0).Child(u"inner", 3, kGroup).TextAttribute(u"outer", 1, true);
-    type.Child(u"group", 0, kGroup).TextAttribute(u"own", 1, true);
+    CClass groupType(Info(kSequence, kPseudo, 2));
+    groupType.Text(u"g", 0).Child(u"inner", 3, kPseudo).TextAttribute(u"outer", 1, true);
+    type.Child(u"group", 0, kPseudo).TextAttribute(u"own", 1, true);
     const CSmartPtr<CCustom> inner = new CCustom(innerType, u"", {TextValue(u"3")});
     const CSmartPtr<CCustom> group = new CCustom(
         groupType, u"",
@@ -93,7 +200,7 @@ TEST(Group, WritesChildrenAndTextInsideAndAttributesOnTheEnclosingTag)
 
 TEST(ChoiceOutput, WritesTheFirstMemberThatIsSet)
 {
-    CClass type(Info(XmlElementGroupType_Choice));
+    CClass type(Info(kChoice));
     type.Text<CElementInfoChoicePrimOpt>(u"a", 0).Text<CElementInfoChoicePrimOpt>(u"b", 1);
     const CSmartPtr<CCustom> object = new CCustom(type);
     EXPECT_EQ(Write(object), "<root/>") << "with an optional member a choice may be empty";
@@ -105,7 +212,7 @@ TEST(ChoiceOutput, WritesTheFirstMemberThatIsSet)
 
 TEST(ChoiceOutput, NeedsAMemberUnlessIgnored)
 {
-    CClass type(Info(XmlElementGroupType_Choice));
+    CClass type(Info(kChoice));
     type.Element<CElementInfoChoiceClsCol>(u"item", u"", 0, XmlElementType_Element)
         .Element<CElementInfoChoiceClsCol>(u"item", u"urn:i", 1, XmlElementType_Element);
     const CSmartPtr<CCustom> object = new CCustom(type);
@@ -129,7 +236,7 @@ TEST(ChoiceOutput, NeedsAMemberUnlessIgnored)
 
 TEST(ValuesWithoutContent, WriteNothing)
 {
-    CClass type(Info(XmlElementGroupType_All));
+    CClass type(Info(kAll));
     type.Text(u"unset", 0).Text(u"empty", 1).Child(u"null", 2);
     EXPECT_EQ(Write(new CCustom(type, u"root", {{}, TextValue(u""), ObjectValue(nullptr)})),
               "<root><empty/></root>");
@@ -184,8 +291,8 @@ CSmartPtr<CCustom> Nest(CClass& type, int levels)
 
 TEST(Depth, IsLimitedByTheContext)
 {
-    for (const XmlElementType kind : {XmlElementType_Element, XmlElementType_Pseudo}) {
-        CClass type(Info(XmlElementGroupType_Sequence, kind));
+    for (const XmlElementType kind : {XmlElementType_Element, kPseudo}) {
+        CClass type(Info(kSequence, kind));
         type.Child(u"e", 0, kind);
         CXmlSerializationContext context;
         context.SetMaxDepth(2);
