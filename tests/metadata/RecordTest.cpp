@@ -1,5 +1,5 @@
-// How each record of an element reads: what it takes, where it scans, when it fails, when it stores;
-// and what the records of attributes write, leave out and take.
+// How each record of an element reads: what it takes, where it scans, when it fails and stores; and
+// what the records of attributes write, leave out and take.
 
 #include "metadata/Grid.h"
 

@@ -1,9 +1,10 @@
 // A class whose metadata a test makes up. Its properties are variants in a vector, and it keeps a
-// log of what happens to it.
+// log of what happens to it. A listener that logs what collections tell it.
 #pragma once
 
 #include <ZqXmlLib9/ZqXmlLib9.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -122,14 +123,9 @@ public:
     using CXmlGeneratedClass::Choice_CollectionChanged;
     using CXmlGeneratedClass::Choice_SelectElement;
     using CXmlGeneratedClass::Choice_SetElementValid;
-    using CXmlGeneratedClass::CleanMetaData;
-    using CXmlGeneratedClass::DoesElementNameMatch;
-    using CXmlGeneratedClass::FromXml_Int;
     using CXmlGeneratedClass::GetElementName;
-    using CXmlGeneratedClass::IsElementInList;
     using CXmlGeneratedClass::Throw_IfElementNameDiffers;
     using CXmlGeneratedClass::Throw_IfPropertyIsNull;
-    using CXmlGeneratedClass::ToXml_Int;
 
     /// What happened: `init`, and `set N` for each store.
     std::string m_log;
@@ -171,6 +167,7 @@ private:
     bool m_isNil = false;
 };
 
+/// A variant that holds a text, an object or a collection.
 inline ZqVariant TextValue(const char16_t* text)
 {
     ZqVariant value;
@@ -182,6 +179,13 @@ inline ZqVariant ObjectValue(ZqXmlLib9::CXmlObjectBase* object)
 {
     ZqVariant value;
     value.SetXmlObject(object);
+    return value;
+}
+
+inline ZqVariant CollectionValue(ZqXmlLib9::CXmlCollectionBase* collection)
+{
+    ZqVariant value;
+    value.SetXmlCollection(collection);
     return value;
 }
 
@@ -200,11 +204,31 @@ private:
 
 using CItemCol = ZqXmlLib9::CXmlObjectCollection<CItem>;
 
-inline ZqVariant CollectionValue(ZqXmlLib9::CXmlCollectionBase* collection)
-{
-    ZqVariant value;
-    value.SetXmlCollection(collection);
-    return value;
-}
+/// Logs each event as its kind, the index or the item that it brings, and the count at that time.
+class CEventLog final : public ZqXmlLib9::IEventSink {
+public:
+    void OnEvent(CXmlObjectBase* source, MsgType type, void* data) override
+    {
+        static constexpr const char* kKinds[] = {"change ", "add ", "added ", "remove ",
+                                                 "removed "};
+        m_text += kKinds[type];
+        // An item comes as the operation was given it, and that takes pointers to the base.
+        if (data != nullptr && type > MsgType_CollectionAddComplete)
+            m_text += "[" + std::to_string(*static_cast<std::int32_t*>(data)) + "]";
+        else if (data != nullptr && dynamic_cast<CItemCol*>(source) != nullptr)
+            m_text += ZqXmlLib9::ToUtf8(
+                dynamic_cast<CItem&>(*static_cast<CXmlObjectBase*>(data))[0].GetString());
+        // In its destructor the source is no more than a collection.
+        const auto& collection = dynamic_cast<ZqXmlLib9::CXmlCollectionBase&>(*source);
+        m_text += std::to_string(collection.GetCount()) + ";";
+        if (m_onEvent)
+            m_onEvent();
+    }
+
+    std::string Take() { return std::exchange(m_text, {}); }
+
+    std::string m_text;
+    std::function<void()> m_onEvent;
+};
 
 }  // namespace TestModel
