@@ -1,4 +1,4 @@
-#include "support/Print.h"
+#include "Rows.h"
 
 #include <ZqXmlLib9/types/BigInteger.h>
 #include <ZqXmlLib9/types/Decimal.h>
@@ -16,22 +16,16 @@ namespace {
 /// Another file's static initialiser sees the class statics ready.
 const std::string kEarly = U8(CBigInteger::MIN_LONGLONG.ToString());
 
-struct SText {
-    const char16_t* text;
-    const char* result;
-};
-
 TEST(BigInteger, ReadsTheDigitsThatStandLast)
 {
-    const SText rows[] = {
+    const std::pair<const char16_t*, const char*> rows[] = {
         {u"", "0"},     {u"   ", "0"},    {u"-", "0"},       {u"+", "0"},      {u"-0", "0"},
         {u"007", "7"},  {u"-007", "-7"},  {u"  -7  ", "-7"}, {u"+123", "123"}, {u"1 2", "2"},
         {u"12-3", "3"}, {u"-12-3", "-3"}, {u"12\n", "0"},    {u"\t-12", "12"}, {u"1.5", "1"},
-        {u"1.51", "2"}, {u"2.5", "2"},    {u"-1.6", "-2"},   {u"1.5E1", "15"}, {u"-2.5", "-2"},
-    };
-    for (const SText& row : rows)
-        EXPECT_EQ(U8(CBigInteger(row.text).ToString()), row.result) << U8(row.text);
-    EXPECT_EQ(MessageOf<CZqInvalidValueException>([] { CBigInteger(u"abc"); }),
+        {u"1.51", "2"}, {u"2.5", "2"},    {u"-1.6", "-2"},   {u"1.5E1", "15"}, {u"-2.5", "-2"}};
+    for (const auto& [text, result] : rows)
+        EXPECT_EQ(U8(CBigInteger(text).ToString()), result) << U8(text);
+    EXPECT_EQ(InvalidValue([] { CBigInteger(u"abc"); }),
               "The string representing a Decimal, contained an invalid char at position 0 [abc]");
     EXPECT_THROW(CBigInteger(std::u16string_view(u"5\0", 2)), CZqInvalidValueException);
     EXPECT_EQ(kEarly, "-9223372036854775808");
@@ -53,46 +47,40 @@ TEST(BigInteger, KeepsTheSignOfZeroForOrderAlone)
 
 TEST(BigInteger, DividesTowardsZero)
 {
-    EXPECT_EQ(CBigInteger(7) / -2, -3);
-    EXPECT_EQ(CBigInteger(-7) / 2, -3);
-    EXPECT_EQ(CBigInteger(-7) % 2, -1);
-    EXPECT_EQ(0 / CBigInteger(7), 0);
+    EXPECT_TRUE(CBigInteger(7) / -2 == -3 && CBigInteger(-7) / 2 == -3
+                && CBigInteger(-7) % 2 == -1);
     // A limb of the quotient is estimated one too large.
     const CBigInteger dividend(u"500000000999999998000000000499999999");
     EXPECT_EQ(U8((dividend / CBigInteger(u"500000000999999998000000002")).ToString()), "999999999");
     CBigInteger x = 7;
-    const auto message = [](auto step) { return MessageOf<CZqInvalidValueException>(step); };
-    EXPECT_EQ(message([&] { x / 0; }), "ERROR: Overflow in operator/.");
-    EXPECT_EQ(message([&] { x /= 0; }), "ERROR: Overflow in operator /=.");
-    EXPECT_EQ(message([&] { x % 0; }), "ERROR: Overflow in operator%.");
-    EXPECT_EQ(message([&] { x % -2; }), "ERROR: Overflow in operator%.");
-    EXPECT_EQ(message([&] { x %= -2; }), "ERROR: Overflow in operator%=.");
+    EXPECT_EQ(InvalidValue([&] { x / 0; }), "ERROR: Overflow in operator/.");
+    EXPECT_EQ(InvalidValue([&] { x /= 0; }), "ERROR: Overflow in operator /=.");
+    for (const int divisor : {0, -2})
+        EXPECT_EQ(InvalidValue([&] { x % divisor; }), "ERROR: Overflow in operator%.");
+    EXPECT_EQ(InvalidValue([&] { x %= -2; }), "ERROR: Overflow in operator%=.");
     EXPECT_EQ(x, 7);
 }
 
 TEST(BigInteger, MeetsTheMachineTypesAtTheirEnds)
 {
     EXPECT_EQ(static_cast<int>(CBigInteger(2147483647)), 2147483647);
-    EXPECT_EQ(static_cast<int>(CBigInteger(u"-2147483648")), std::numeric_limits<int>::min());
+    EXPECT_EQ(static_cast<int>(CBigInteger(u"-2147483648")), INT32_MIN);
     EXPECT_EQ(static_cast<long long>(CBigInteger::MIN_LONGLONG), INT64_MIN);
     EXPECT_EQ(static_cast<long>(CBigInteger(INT64_MAX)), INT64_MAX);
-    EXPECT_EQ(U8(CBigInteger(INT64_MIN).ToString()), "-9223372036854775808");
     EXPECT_EQ(U8(CBigInteger(UINT64_MAX).ToString()), "18446744073709551615");
-    EXPECT_EQ(MessageOf<CZqInvalidValueException>([] { int(CBigInteger(2147483648LL)); }),
+    EXPECT_EQ(InvalidValue([] { int(CBigInteger(2147483648LL)); }),
               "ERROR: Value out of bound of int.");
-    EXPECT_EQ(MessageOf<CZqInvalidValueException>([] { long(CBigInteger::MIN_LONGLONG - 1); }),
+    EXPECT_EQ(InvalidValue([] { long(CBigInteger::MIN_LONGLONG - 1); }),
               "ERROR: Value out of bound of LONGLONG.");
 }
 
 TEST(BigInteger, RoundsADoubleWithHalvesDown)
 {
-    const std::pair<double, const char*> rows[] = {
-        {2.5, "2"},          {2.6, "3"}, {-2.5, "-2"},
-        {-2.6, "-3"},        {0.3, "0"}, {1e15, "1000000000000000"},
-        {std::nan(""), "0"},
-    };
-    for (const auto& [value, text] : rows)
-        EXPECT_EQ(U8(CBigInteger(value).ToString()), text) << value;
+    const std::pair<double, long long> rows[] = {
+        {2.5, 2},         {2.6, 3}, {-2.5, -2}, {-2.6, -3}, {0.3, 0}, {1e15, 1'000'000'000'000'000},
+        {std::nan(""), 0}};
+    for (const auto& [value, rounded] : rows)
+        EXPECT_EQ(CBigInteger(value), rounded) << value;
     EXPECT_THROW(CBigInteger(-std::numeric_limits<double>::infinity()), CZqInvalidValueException);
 }
 
@@ -102,9 +90,8 @@ TEST(BigInteger, TakesSquareRoots)
         const CBigInteger root = CBigInteger(i).SquareRoot();
         EXPECT_TRUE(root * root <= i && (root + 1) * (root + 1) > i) << i;
     }
-    EXPECT_EQ(MessageOf<CZqInvalidValueException>([] { CBigInteger(0).SquareRoot(); }),
-              "ERROR: Overflow in operator/.");
-    EXPECT_EQ(MessageOf<CZqInvalidValueException>([] { CBigInteger(-4).SquareRoot(); }),
+    EXPECT_EQ(InvalidValue([] { CBigInteger(0).SquareRoot(); }), "ERROR: Overflow in operator/.");
+    EXPECT_EQ(InvalidValue([] { CBigInteger(-4).SquareRoot(); }),
               "ERROR: Negative Number in function SquareRoot().");
 }
 

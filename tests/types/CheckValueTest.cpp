@@ -1,5 +1,5 @@
 // The facets, through the test by item type that the metadata runs.
-#include "support/Print.h"
+#include "Rows.h"
 
 #include <ZqXmlLib9/engine/ZqVariant.h>
 #include <ZqXmlLib9/metadata/RestrictionCheck.h>
@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
+#include <array>
 
 namespace ZqXmlLib9 {
 namespace {
@@ -16,22 +16,20 @@ namespace {
 CPrimitiveRestrictions Facet(const std::u16string& facet)
 {
     CPrimitiveRestrictions result;
-    const std::u16string text = facet.substr(2);
-    const std::string sign = U8(facet.substr(0, 2));
-    if (sign == "p ")
-        result.m_pattern = text;
-    else if (sign == ">=")
-        result.m_minInclusive = text;
-    else if (sign == "<=")
-        result.m_maxInclusive = text;
-    else if (sign == "> ")
-        result.m_minExclusive = text;
-    else if (sign == "< ")
-        result.m_maxExclusive = text;
-    else
-        (sign == "l>"   ? result.m_minLength
-         : sign == "l<" ? result.m_maxLength
-                        : result.m_length) = std::stoi(U8(text));
+    const bool hasTwo = facet[0] == u'l' || facet[1] == u'=';
+    const std::u16string sign = facet.substr(0, hasTwo ? 2 : 1), text = facet.substr(sign.size());
+    for (const auto& [word, field] : {std::pair(u"p", &CPrimitiveRestrictions::m_pattern),
+                                      {u">=", &CPrimitiveRestrictions::m_minInclusive},
+                                      {u"<=", &CPrimitiveRestrictions::m_maxInclusive},
+                                      {u">", &CPrimitiveRestrictions::m_minExclusive},
+                                      {u"<", &CPrimitiveRestrictions::m_maxExclusive}})
+        if (sign == word)
+            result.*field = text;
+    for (const auto& [word, field] : {std::pair(u"l>", &CPrimitiveRestrictions::m_minLength),
+                                      {u"l<", &CPrimitiveRestrictions::m_maxLength},
+                                      {u"l=", &CPrimitiveRestrictions::m_length}})
+        if (sign == word)
+            result.*field = std::stoi(U8(text));
     return result;
 }
 
@@ -46,59 +44,31 @@ std::string Check(ItemType type, const std::u16string& text, const std::u16strin
     });
 }
 
-struct SCase {
-    ItemType type;
-    const char16_t* value;
-    const char16_t* facet;
-    const char* shown;  ///< the value in the message, null if it passes
-};
-
 TEST(CheckValue, TestsEachFacet)
 {
-    const SCase rows[] = {
-        {ItemType_string, u"abc", u"l=3", nullptr},
-        {ItemType_string, u"abc", u"l=2", "abc"},
-        {ItemType_string, u"abc", u"l>0", nullptr},
-        {ItemType_string, u"abc", u"l>4", "abc"},
-        {ItemType_string, u"\U0001F600", u"l<1", "\U0001F600"},
-        {ItemType_string, u"abc", u">=d", nullptr},
-        {ItemType_hexBinary, u"0a0b", u"l<1", "0A0B"},
-        {ItemType_base64Binary, u"Cgs=", u"l=3", "0A0B"},
-        {ItemType_base64Binary, u"Cgs=", u"l=2", nullptr},
-        {ItemType_boolean, u"true", u"l=9", nullptr},
-        {ItemType_i1, u"-5", u">=-4", "-5"},
-        {ItemType_i2, u"5", u"> 5", "5"},
-        {ItemType_i4, u"5", u">= 5 ", nullptr},
-        {ItemType_i4, u"5", u"l=9", nullptr},
-        {ItemType_i8, u"9223372036854775807", u"< 9223372036854775807", "9223372036854775807"},
-        {ItemType_ui1, u"200", u"<=199", "200"},
-        {ItemType_ui4, u"4294967295", u"< 5", "-1"},
-        {ItemType_ui8, u"18446744073709551615", u"> 1", nullptr},
-        {ItemType_r4, u"0.5", u"< 0.5", "0.500000"},
-        {ItemType_r8, u"NaN", u">=-INF", "nan"},
-        {ItemType_r8, u"1", u"<=INF", nullptr},
-        {ItemType_decimal, u"-0.50", u"> -0.5", "-0.5"},
-        {ItemType_decimal, u"-0", u">=0", nullptr},
-        {ItemType_integer, u"100000000000000000000", u"< 99999999999999999999",
-         "100000000000000000000"},
-        {ItemType_year, u"1999", u">=2000", "1999"},
-        {ItemType_month, u"--05", u"<=--04", "5"},
-        {ItemType_day, u"---05", u"> ---05", "5"},
-        {ItemType_date, u"2000-01-01", u">=2000-01-01Z", nullptr},
-        {ItemType_date, u"2000-01-01", u">=2000-01-02", "2000-01-01"},
-        {ItemType_datetime, u"2000-01-01T00:00:00Z", u"> 2000-01-01T02:00:00+02:00",
-         "2000-01-01T00:00:00Z"},
-        {ItemType_time, u"10:00:00", u"< 10:00:00", "10:00:00"},
-        {ItemType_monthDay, u"--02-29", u"<=--02-28", "--02-29"},
-        {ItemType_yearMonth, u"2000-02", u"<=2000-02", nullptr},
-        {ItemType_duration, u"P1M", u"<=P30D", nullptr},
-        {ItemType_duration, u"P1M", u"<=P27D", "P1M"},
-    };
-    for (const SCase& row : rows)
-        EXPECT_EQ(Check(row.type, row.value, row.facet),
-                  row.shown != nullptr ? "Invalid Value for a [" + std::string(row.shown) + "]"
-                                       : "")
-            << row.type << ' ' << U8(row.value) << ' ' << U8(row.facet);
+    // Type, value, facet, and the value as the message shows it, "ok" where it passes.
+    const std::vector<std::string> words = Words(R"(
+        string abc l=3 ok      string abc l=2 abc      string abc l>0 ok   string abc l>4 abc
+        string abc >=d ok      hexBinary 0a0b l<1 0A0B base64Binary Cgs= l=3 0A0B
+        base64Binary Cgs= l=2 ok  boolean true l=9 ok  i1 -5 >=-4 -5  i2 5 >5 5  i4 5 l=9 ok
+        i8 9223372036854775807 <9223372036854775807 9223372036854775807
+        ui1 200 <=199 200      ui4 4294967295 <5 -1    ui8 18446744073709551615 >1 ok
+        r4 0.5 <0.5 0.500000   r8 NaN >=-INF nan       r8 1 <=INF ok
+        decimal -0.50 >-0.5 -0.5  decimal -0 >=0 ok
+        integer 100000000000000000000 <99999999999999999999 100000000000000000000
+        year 1999 >=2000 1999  month --05 <=--04 5     day ---05 >---05 5
+        date 2000-01-01 >=2000-01-01Z ok  date 2000-01-01 >=2000-01-02 2000-01-01
+        datetime 2000-01-01T00:00:00Z >2000-01-01T02:00:00+02:00 2000-01-01T00:00:00Z
+        time 10:00:00 <10:00:00 10:00:00  monthDay --02-29 <=--02-28 --02-29
+        yearMonth 2000-02 <=2000-02 ok    duration P1M <=P30D ok  duration P1M <=P27D P1M)");
+    for (std::size_t i = 0; i < words.size(); i += 4) {
+        const std::string shown = words[i + 3];
+        EXPECT_EQ(Check(TypeOf(words[i]), ToUtf16(words[i + 1]), ToUtf16(words[i + 2])),
+                  shown == "ok" ? "" : "Invalid Value for a [" + shown + "]")
+            << words[i] << ' ' << words[i + 1] << ' ' << words[i + 2];
+    }
+    EXPECT_EQ(Check(ItemType_string, u"\U0001F600", u"l<1"), "Invalid Value for a [\U0001F600]");
+    EXPECT_EQ(Check(ItemType_i4, u"5", u">= 5 "), "");
     EXPECT_EQ(Check(ItemType_i4, u"5", u">=abc"), "The value [abc] can not be converted to a i4");
     EXPECT_EQ(Check(ItemType_char, u"c", u"l=1"), "unknown type [char]");
     EXPECT_EQ(MessageOf([] { CheckRestrictionValue(u"a", {}, ItemType_xmlObject, {}); }),
@@ -118,12 +88,8 @@ TEST(CheckValue, TestsBoundsInTheirOrderAndLengthsBeforeThePattern)
 
 TEST(CheckValue, MatchesTheWholeValueWithTheFirstMatch)
 {
-    struct SPattern {
-        const char16_t* pattern;
-        const char16_t* matched;
-        const char16_t* refused;
-    };
-    const SPattern rows[] = {
+    // A pattern, a value that matches, and one that doesn't.
+    const std::array<std::u16string, 3> rows[] = {
         {u"[0-9]+", u"123", u"123a"},
         {u"[0-9]+", u"0", u""},
         {u"a|ab", u"a", u"ab"},
@@ -135,29 +101,26 @@ TEST(CheckValue, MatchesTheWholeValueWithTheFirstMatch)
         {u"\\p{IsLatinExtended-A}", u"\u0153", u"\u00E9"},
         {u"\\p{Lu}", u"\u00C9", u"\u00E9"},
         {u".", u"\U0001F600", u"ab"},
-        {u"(x+x+)+y", u"xxy", u"xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"},
-    };
+        {u"(x+x+)+y", u"xxy", u"xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"}};
     for (int round = 0; round < 2; ++round)  // compiled, and kept
-        for (const SPattern& row : rows) {
-            const std::u16string facet = u"p " + std::u16string(row.pattern);
-            EXPECT_EQ(Check(ItemType_string, row.matched, facet), "") << U8(facet);
-            EXPECT_EQ(Check(ItemType_string, row.refused, facet),
-                      "Invalid Value for a [" + U8(row.refused) + "]")
-                << U8(facet);
+        for (const auto& [pattern, matched, refused] : rows) {
+            EXPECT_EQ(Check(ItemType_string, matched, u"p" + pattern), "") << U8(pattern);
+            EXPECT_EQ(Check(ItemType_string, refused, u"p" + pattern),
+                      "Invalid Value for a [" + U8(refused) + "]");
         }
-    EXPECT_EQ(Check(ItemType_string, u"v", u"p ("),
+    EXPECT_EQ(Check(ItemType_string, u"v", u"p("),
               "Invalid Regular Expression: ( Error: 'missing closing parenthesis'\n"
               "Invalid Value for a [v]");
-    for (const char16_t* bad : {u"p \\p{IsLatinExtended-B}", u"p [\\i-:]+["})
+    for (const char16_t* bad : {u"p\\p{IsLatinExtended-B}", u"p[\\i-:]+["})
         EXPECT_NE(Check(ItemType_string, u"v", bad).find("Invalid Regular Expression: "),
                   std::string::npos);
     EXPECT_NE(MessageOf([] {
                   CheckValue<ItemType_string>(u"a", std::u16string(1, char16_t{0xD800}),
-                                              Facet(u"p ."));
+                                              Facet(u"p."));
               }).find("\nInvalid Value for a ["),
               std::string::npos);
     for (int i = 0; i < 1000; ++i)  // more than are kept
-        EXPECT_EQ(Check(ItemType_string, u"xxx", u"p x{0," + ToUtf16(std::to_string(i + 3)) + u"}"),
+        EXPECT_EQ(Check(ItemType_string, u"xxx", u"px{0," + ToUtf16(std::to_string(i + 3)) + u"}"),
                   "");
 }
 

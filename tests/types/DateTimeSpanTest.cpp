@@ -1,8 +1,8 @@
 // Durations: the texts, the counts that fields take, the partial order.
 
-#include "DateTimeRows.h"
+#include "Rows.h"
 
-#include <gtest/gtest.h>
+#include <ZqXmlLib9/types/DateTimeSpan.h>
 
 namespace ZqXmlLib9 {
 namespace {

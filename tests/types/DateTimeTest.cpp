@@ -1,17 +1,14 @@
-// Dates: the texts, the fields of each type, the calendar, the partial order, the addition against
-// a literal walk, and the records of other interfaces.
+// Dates: the texts, the fields of each type, the calendar, the partial order, the addition of
+// spans, and the records of other interfaces.
 
-#include "DateTimeRows.h"
+#include "Rows.h"
 
 #include <ZqXmlLib9/types/DateTime.h>
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cstdlib>
 #include <ctime>
-#include <random>
-#include <type_traits>
 #include <utility>
 
 namespace ZqXmlLib9 {
@@ -90,15 +87,15 @@ TEST(Date, HasTheFieldsOfItsType)
         CDateTime date{DTType(type)};
         EXPECT_EQ(U8(date.GetTypeAsString()), words[type]);
         const auto check = [&](std::string name, std::string types, auto get, auto set) {
+            const auto fails = [&](auto step) { return MessageOf<CZqInvalidStateException>(step); };
+            const std::string fault = "Failed to " + name + ". Invalid Date Type: " + words[type];
             if (types.find(std::to_string(type)) != types.npos) {
                 EXPECT_EQ((date.*get)(), 0);
                 EXPECT_THROW((date.*set)(1 << 16), CZqInvalidValueException) << name;
                 return;
             }
-            const std::string message =
-                "Failed to " + name + ". Invalid Date Type: " + words[type] + ".";
-            EXPECT_EQ(MessageOf<CZqInvalidStateException>([&] { (date.*get)(); }), message);
-            EXPECT_EQ(MessageOf<CZqInvalidStateException>([&] { (date.*set)(1 << 16); }), message);
+            EXPECT_EQ(fails([&] { (date.*get)(); }), fault + ".");
+            EXPECT_EQ(fails([&] { (date.*set)(1 << 16); }), fault + ".");
         };
         check("GetYear", "1234", &CDateTime::GetYear, &CDateTime::SetYear);
         check("GetMonth", "12378", &CDateTime::GetMonth, &CDateTime::SetMonth);
@@ -117,7 +114,7 @@ TEST(Date, HasTheFieldsOfItsType)
                 EXPECT_THROW(convert(), CZqInvalidValueException) << type << " to " << target;
         }
     }
-    EXPECT_EQ(InvalidValue([] { CDateTime().SetDateTime(Read(u"---31"), DTType_date); }),
+    EXPECT_EQ(InvalidValue([] { CDateTime().SetDateTime(CDateTime(DTType_gDay), DTType_date); }),
               "Attempting to set a CDateTime of type date using an XmlDateTime of type gDay. The "
               "source CDateTime does not contian enough data to allow the conversion.");
 }
@@ -174,96 +171,43 @@ TEST(Date, IsPartiallyOrdered)
                   2000-01-01T00:00:00 > 2000-01-01  2000-01-01T01:00:00 ? 2000-01-01
                   ---01 ? --01  -0001 ? 0001  -0002 < -0001  2001 > 2000-12)",
                Read);
-    EXPECT_TRUE(CDateTime(2001, 1, 1) <= CDateTime(2001, 1, 1) && !(Read(u"---01") <= Read(u"--01"))
-                && CDateTime() == CDateTime() && !(Read(u"---01") >= Read(u"--01")));
+    EXPECT_TRUE(CDateTime(2001, 1, 1) <= CDateTime(2001, 1, 1));
+    EXPECT_FALSE(Read(u"---01") <= Read(u"--01") || Read(u"---01") >= Read(u"--01"));
 }
 
-/// Year to second, then milli to nano.
-using Fields = std::array<std::int64_t, 9>;
-
-/// The addition step by step, month by month.
-void Walk(Fields& fields, const CDateTimeSpan& span)
+/// XML Schema Part 2, E, without its zones and its cut of the day; fields may come out of range.
+TEST(Date, IsMovedBySpans)
 {
-    auto& [year, month, day, hour, minute, second, milli, micro, nano] = fields;
-    const std::int64_t s = span.IsNegative() ? -1 : 1;
-    std::int64_t carry = -1;
-    const auto step = [&](std::int64_t& field, std::uint64_t count, std::int64_t base) {
-        const std::int64_t t = field + carry + s * static_cast<std::int64_t>(count);
-        carry = t >= 0 ? t / base : -((base - 1 - t) / base);
-        field = t - carry * base;
-    };
-    step(month, span.GetMonths(), 12);
-    int m = static_cast<int>(month) + 1;
-    auto y = static_cast<std::int16_t>(year + carry + s * span.GetYears());
-    carry = 0;
-    step(nano, span.GetNanoSeconds(), 1000);
-    step(micro, span.GetMicroSeconds(), 1000);
-    step(milli, span.GetMilliSeconds(), 1000);
-    step(second, span.GetSeconds(), 60);
-    step(minute, span.GetMinutes(), 60);
-    step(hour, span.GetHours(), 24);
-    const auto length = [&] {
-        const bool isLeap = y % 4 == 0 && (y % 100 != 0 || y % 400 == 0);
-        return m == 2 ? (isLeap ? 29 : 28) : m == 4 || m == 6 || m == 9 || m == 11 ? 30 : 31;
-    };
-    std::int64_t r = static_cast<std::int32_t>(carry + s * std::int64_t{span.GetDays()});
-    while (r != 0) {
-        if (r > 0 ? day + r <= length() : day - 1 >= -r) {
-            day += std::exchange(r, 0);
-        }
-        else if (r > 0) {
-            r -= length() + 1 - std::exchange(day, 1);
-            ++m;
-        }
-        else {
-            r += day;
-            --m;
-            day = length();
-        }
-        y = static_cast<std::int16_t>(m == 0 ? y - 1 : m == 13 ? y + 1 : y);
-        m = m == 0 ? 12 : m == 13 ? 1 : m;
+    const std::vector<std::string> words = Words(R"(
+        2000-01-12T12:13:14 P1Y3M5DT7H10M3.3S 2001-04-17T19:23:17.3
+        2000-01-31T00:00:00 P1M 2000-02-31T00:00:00  2000-03-01T00:00:00 -P1D 2000-02-29T00:00:00
+        1900-03-01T00:00:00 -P1D 1900-02-28T00:00:00
+        2001-02-28T23:59:59.999999999 PT0.000000001S 2001-03-01T00:00:00
+        2001-01-01T00:00:00 -PT0.000000001S 2000-12-31T23:59:59.999999999
+        2000-12-31T12:00:00 PT12H 2001-01-01T00:00:00
+        2000-01-01T00:00:00 P13M 2001-02-01T00:00:00
+        2000-01-01T00:00:00 -P13M 1998-12-01T00:00:00
+        1999-11-30T01:02:03 -P1Y11M30DT25H61M61.5S 1997-11-28T23:00:01.5
+        2000-01-01T00:00:00 P146097D 2400-01-01T00:00:00
+        2000-02-29T00:00:00 -P146097D 1600-02-29T00:00:00
+        2000-03-01T00:00:00 P36524D 2100-03-01T00:00:00
+        2000-01-01T00:00:00 -P36525D 1899-12-31T00:00:00
+        0001-01-01T00:00:00 -P1D 0000-12-31T00:00:00  -0001-12-31T00:00:00 P1D 0000-01-01T00:00:00
+        0004-03-01T00:00:00 -P1D 0004-02-29T00:00:00
+        -0004-03-01T00:00:00 -P1D -0004-02-29T00:00:00
+        2000-01-31T00:00:00 P1M1D 2000-03-03T00:00:00
+        2000-03-31T00:00:00 -P1M31D 2000-01-31T00:00:00
+        2000-01-01T00:00:00 P4294967295D 1999-12-31T00:00:00
+        2000-01-01T00:00:00 PT18446744073709551615M 1999-12-31T23:59:00
+        2000-01-01T00:00:00 P65535Y 1999-01-01T00:00:00
+        9999-12-31T00:00:00 P1D 10000-01-01T00:00:00
+        -9999-01-01T00:00:00 -P1D -10000-12-31T00:00:00)");
+    for (std::size_t i = 0; i < words.size(); i += 3) {
+        CDateTimeSpan span;
+        span.ParseXSDDuration(ToUtf16(words[i + 1]));
+        const CDateTime sum = Read(ToUtf16(words[i])) + span;
+        EXPECT_EQ(U8(sum.ToString()), words[i + 2]) << words[i] << " + " << words[i + 1];
     }
-    year = y;
-    month = m;
-}
-
-/// A dateTime keeps the fields that it refuses.
-CDateTime Make(const Fields& f)
-{
-    CDateTime date;
-    try {
-        date.SetDateTime(f[0], f[1], f[2], f[3], f[4], f[5], f[6], f[7], f[8]);
-    }
-    catch (const CZqInvalidValueException&) {
-    }
-    return date;
-}
-
-TEST(DateAddition, IsThatOfTheWalk)
-{
-    std::mt19937_64 random(1);
-    // Up to so many bits, small numbers as often as large ones.
-    const auto bits = [&](unsigned count) { return random() >> (63 - random() % count); };
-    for (int round = 0; round < 5'000; ++round) {
-        Fields fields;
-        for (std::size_t i = 0; i < fields.size(); ++i)
-            fields[i] = static_cast<std::int64_t>(bits(i < 6 ? 8 : 16));
-        fields[0] = static_cast<std::int16_t>(round % 2 ? random() : 32'767 + bits(7));
-        const bool isLong = round % 1000 == 0;
-        CDateTimeSpan span(bits(16), bits(32), bits(isLong ? 32 : 18), bits(isLong ? 32 : 20),
-                           bits(isLong ? 60 : 25), bits(isLong ? 60 : 30), bits(16), bits(16),
-                           bits(16));
-        if (round % 3 != 0)
-            span.Negate();
-        const CDateTime start = Make(fields);
-        Walk(fields, span);
-        ASSERT_EQ(U8((start + span).ToString()), U8(Make(fields).ToString()))
-            << U8(start.ToString()) << " and " << U8(span.ToString());
-    }
-}
-
-TEST(DateAddition, GoesBackForEverySpanThatIsSubtracted)
-{
     CDateTimeSpan day(24, 0, 0);
     EXPECT_EQ((CDateTime(2000, 3, 1) - day).ToString(), u"2000-02-29");
     day.Negate();
@@ -278,10 +222,6 @@ TEST(DateAddition, GoesBackForEverySpanThatIsSubtracted)
 
 TEST(DateOfTheMachine, ComesFromEveryRecord)
 {
-    static_assert(!std::is_constructible_v<CDateTime, bool>);
-    static_assert(!std::is_constructible_v<CDateTime, char16_t>);
-    static_assert(!std::is_constructible_v<CDateTime, int, int, double>);
-    static_assert(!std::is_assignable_v<CDateTime, DTType>);
     const FILETIME start{0xD53E8000u, 0x019DB1DEu};  // 1970-01-01, in units since 1601
     const FILETIME late{0, 0x80000000};
     for (const CDateTime& date : {CDateTime(0), CDateTime(0LL), CDateTime(0u), CDateTime(start)})
@@ -290,8 +230,6 @@ TEST(DateOfTheMachine, ComesFromEveryRecord)
     EXPECT_EQ(CDateTime(FILETIME{123'456, 0}).ToString(), u"1601-01-01T00:00:00.012");
     const SYSTEMTIME record = CDateTime(2000, 2, 29, 1, 2, 3, 4).GetAsSystemTime();
     EXPECT_EQ(CDateTime(record).ToString(), u"2000-02-29T01:02:03.004");
-    EXPECT_EQ(CDateTime::GetTickCount().GetType(), DTType_dateTime);
-
     for (const CDateTime& date :
          {CDateTime(253'402'300'800), CDateTime(2'005'949'145'600), CDateTime(UINT64_MAX),
           CDateTime(INT64_MIN), CDateTime(SYSTEMTIME()), CDateTime(FILETIME{0, 0x7FFFFFFF}),
@@ -303,8 +241,6 @@ TEST(DateOfTheMachine, ComesFromEveryRecord)
               "Failed to convert the time [9223372036854775807] to a date");
     CDateTime date(2001, 1, 1);
     EXPECT_EQ(InvalidValue([&] { date = late; }), "Failed to convert FILETIME to SYSTEMTIME");
-    date = {};
-    EXPECT_EQ(date.GetType(), DTType_yearZero);
 }
 
 TEST(DateOfTheMachine, HasTheWeekdayOfItsZone)
@@ -327,7 +263,6 @@ TEST(DateOfTheMachine, HasTheWeekdayOfItsZone)
     tzset();
     EXPECT_EQ(Read(u"1600-03-01").GetTime(), -11'670'912'000);
     EXPECT_EQ(Read(u"2000-03-01").GetDayOfYear(), 61);
-    EXPECT_EQ(Read(u"2001-03-01").GetDayOfYear(), 60);
     EXPECT_EQ(InvalidValue([] { Read(u"2001").GetTime(); }),
               "Failed to GetTime, Date Status must be dateTime or date. Invalid Date Type: gYear.");
 }

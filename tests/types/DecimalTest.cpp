@@ -1,4 +1,4 @@
-#include "support/Print.h"
+#include "Rows.h"
 
 #include <ZqXmlLib9/types/Decimal.h>
 
@@ -10,96 +10,63 @@
 namespace ZqXmlLib9 {
 namespace {
 
-std::string Print(std::u16string_view text)
-{
-    return U8(CDecimal(text).ToString());
-}
-
 TEST(Decimal, ReadsAndWrites)
 {
-    const std::u16string nines31 = u"0." + std::u16string(31, u'9');
-    const std::u16string long31 = u"0.123456789012345678901234567890";
-    const std::string long30 = "0.123456789012345678901234567890";
-    const std::pair<std::u16string, std::string> rows[] = {
-        {u"", "0"},
-        {u".", "0"},
-        {u"-", "0"},
-        {u".5", "0.5"},
-        {u"5.", "5"},
-        {u"1.500", "1.5"},
-        {u"1.000", "1"},
-        {u"-0.5", "-0.5"},
-        {u"1E2", "100"},
-        {u"1E", "1"},
-        {u"1.5e-1", "0.15"},
-        {u"1E 2", "100"},
-        {u"1 2", "12"},
-        {u"1-2", "-12"},
-        {u"-1+2", "12"},
-        {u"1. 5 0", "1.5"},
-        {u"1E-+2", "100"},
-        {u"-0E5", "0"},
-        {u"-0.05", "-0.05"},
-        {u"00012.50", "12.5"},
-        {long31 + u"5", long30},
-        {long31 + u"51", long30.substr(0, 31) + "1"},
-        {nines31, "1"},
-        {u"-" + nines31, "-1"},
-        {u"0.1" + std::u16string(30, u'9'), "0.2" + std::string(29, '0')},
-        {u"1E-30", "0." + std::string(29, '0') + "1"},
-        {u"1E-31", "0"},
-        {u"6E-31", "0." + std::string(29, '0') + "1"},
-        {u"1E-999999999999999999999", "0"},
-        {u"0E999999999999999999999", "0"},
-        {u"0.90500095950005599907E-25", "0." + std::string(25, '0') + "905"},
-        {u"0.1234567890123456789012345678905001E-0", "0.12345678901234567890123456789"},
-    };
-    for (const auto& [text, result] : rows)
-        EXPECT_EQ(Print(text), result) << U8(text);
-    EXPECT_EQ(Print(u"1E999999").size(), 1'000'000U);
+    const auto read = [](const std::u16string& text) { return CDecimal(text); };
+    CheckTexts(
+        "=0 .=0 -=0 .5=0.5 5.=5 1.500=1.5 1.000=1 -0.5 1E2=100 1E=1 1.5e-1=0.15 1-2=-12 "
+        "-1+2=12 1E-+2=100 -0E5=0 -0.05 00012.50=12.5 1E-31=0 1E-999999999999999999999=0 "
+        "0.1234567890123456789012345678905=0.123456789012345678901234567890 "
+        "0.12345678901234567890123456789051=0.123456789012345678901234567891 "
+        "0.9999999999999999999999999999999=1 -0.9999999999999999999999999999999=-1 "
+        "0.1999999999999999999999999999999=0.200000000000000000000000000000 "
+        "1E-30=0.000000000000000000000000000001 6E-31=0.000000000000000000000000000001 "
+        "0E999999999999999999999=0 0.90500095950005599907E-25=0.0000000000000000000000000905 "
+        "0.1234567890123456789012345678905001E-0=0.12345678901234567890123456789",
+        read);
+    for (const auto& [text, result] :
+         {std::pair(u"1E 2", u"100"), {u"1 2", u"12"}, {u"1. 5 0", u"1.5"}})
+        EXPECT_EQ(read(text).ToString(), result);
+    EXPECT_EQ(read(u"1E999999").ToString().size(), 1'000'000U);
     const std::u16string digits(5000, u'7');
-    EXPECT_EQ(Print(digits), U8(digits));
+    EXPECT_EQ(read(digits).ToString(), digits);
 }
 
 TEST(Decimal, NamesThePlaceOfAWrongCharacter)
 {
-    const std::pair<std::u16string_view, int> rows[] = {
-        {u"abc", 0},
-        {u"1.5.5", 3},
-        {u"1E2 ", 3},
-        {u"1.-5", 2},
-        {u"1E2E3", 3},
-        {u"1E2+", 3},
-        {u"\u0665", 0},
-        {{u"1\0005", 3}, 1},
-        {u"1E1000000", 1},
-        {u"-10E999999", 3},
-        {u"1E99999999999999999999", 1},
-    };
-    for (const auto& [text, position] : rows)
-        EXPECT_EQ(MessageOf<CZqInvalidValueException>([&] { CDecimal{text}; }),
+    const auto check = [](const std::u16string& text, const std::string& position) {
+        EXPECT_EQ(InvalidValue([&] { CDecimal{text}; }),
                   "The string representing a Decimal, contained an invalid char at position "
-                      + std::to_string(position) + " [" + U8(text) + "]");
+                      + position + " [" + U8(text) + "]");
+    };
+    const std::vector<std::string> rows =
+        Words("abc 0 1.5.5 3 1.-5 2 1E2E3 3 1E2+ 3 \u0665 0 1E1000000 1 -10E999999 3 "
+              "1E99999999999999999999 1");
+    for (std::size_t i = 0; i < rows.size(); i += 2)
+        check(ToUtf16(rows[i]), rows[i + 1]);
+    check(u"1E2 ", "3");
+    check({u"1\0005", 3}, "1");
     EXPECT_THROW(CDecimal(std::nan("")), CZqInvalidValueException);
 }
 
 TEST(Decimal, Calculates)
 {
     const auto d = [](const char16_t* text) { return CDecimal(text); };
-    EXPECT_EQ(U8((d(u"1") / d(u"3")).ToString()), "0." + std::string(30, '3'));
-    EXPECT_EQ(U8((d(u"2") / d(u"3")).ToString()), "0." + std::string(29, '6') + "7");
-    EXPECT_EQ(U8((d(u"-5") - d(u"-8.00")).ToString()), "3");
-    EXPECT_EQ(U8((d(u"1.5") - d(u"1.5")).ToString()), "0");
-    EXPECT_EQ(U8((d(u"-1.5") + 1).ToString()), "-0.5");
-    EXPECT_EQ(U8((d(u"1.5") + -2).ToString()), "-0.5");
-    EXPECT_EQ(U8((d(u"-1.25") * d(u"0.8")).ToString()), "-1");
+    for (const auto& [result, text] :
+         {std::pair(d(u"1") / d(u"3"), "0." + std::string(30, '3')),
+          {d(u"2") / d(u"3"), "0." + std::string(29, '6') + "7"},
+          {d(u"-5") - d(u"-8.00"), "3"},
+          {d(u"1.5") - d(u"1.5"), "0"},
+          {d(u"-1.5") + 1, "-0.5"},
+          {d(u"1.5") + -2, "-0.5"},
+          {d(u"-1.25") * d(u"0.8"), "-1"},
+          // Sums keep more places than the cap.
+          {d(u"1E-30") / 1 + d(u"1"), "1." + std::string(29, '0') + "1"}})
+        EXPECT_EQ(U8(result.ToString()), text);
     EXPECT_EQ(d(u"0.1") + d(u"0.2"), d(u"0.3"));
     // The quotient is cut two digits beyond the cap, which turns this remainder into a tie.
     EXPECT_EQ(d(u"5000001E-37") / 1, d(u"0"));
-    // Sums keep more places than the cap.
-    EXPECT_EQ(U8((d(u"1E-30") / 1 + d(u"1")).ToString()), "1." + std::string(29, '0') + "1");
-    EXPECT_EQ(MessageOf<CZqInvalidValueException>([&] { d(u"1") / d(u"0.0"); }),
-              "ERROR: Overflow in operator/.");
+    EXPECT_EQ(InvalidValue([&] { d(u"1") / d(u"0.0"); }), "ERROR: Overflow in operator/.");
     CDecimal x = d(u"1.5");
     EXPECT_EQ(x++, d(u"1.5"));
     EXPECT_EQ(x, 2.5);
@@ -111,12 +78,11 @@ TEST(Decimal, Calculates)
 
 TEST(Decimal, ComparesByValue)
 {
-    const char16_t* const ascending[] = {u"-10",  u"-9.99", u"-0.5", u"-0.05", u"0",
-                                         u"0.05", u"0.5",   u"9.99", u"10",    u"10.01"};
-    for (const char16_t* const& left : ascending)
-        for (const char16_t* const& right : ascending) {
-            const CDecimal a(left);
-            const CDecimal b(right);
+    const std::vector<std::string> ascending =
+        Words("-10 -9.99 -0.5 -0.05 0 0.05 0.5 9.99 10 10.01");
+    for (const std::string& left : ascending)
+        for (const std::string& right : ascending) {
+            const CDecimal a(ToUtf16(left)), b(ToUtf16(right));
             EXPECT_EQ(a < b, &left < &right && a != b && b > a);
             EXPECT_TRUE((a <= b) == !(a > b) && (a >= b) == !(a < b));
         }
@@ -125,40 +91,30 @@ TEST(Decimal, ComparesByValue)
 
 TEST(Decimal, PrintsWithPlacesRoundedHalfAwayFromZero)
 {
-    struct SRow {
-        const char16_t* text;
-        int places;
-        const char* result;
-    };
-    const SRow rows[] = {
+    const std::tuple<const char16_t*, int, const char*> rows[] = {
         {u"1.005", 2, "1.01"},  {u"1.004", 2, "1.00"}, {u"-1.005", 2, "-1.01"},
         {u"1.995", 2, "2.0"},   {u"0", 2, "0.00"},     {u"1.5", 0, "2."},
         {u"1.4", 0, "1."},      {u"9.96", 1, "10.0"},  {u"-99.95", 1, "-100.0"},
         {u"1.9951", 2, "2.00"}, {u"1.495", 2, "1.5"},  {u"12", 3, "12.000"},
-        {u"0.05", 1, "0.1"},    {u"0.04", 1, "0.0"},   {u"-0.004", 2, "-0.00"},
-    };
-    for (const SRow& row : rows)
-        EXPECT_EQ(U8(CDecimal(row.text).ToString(row.places)), row.result) << U8(row.text);
+        {u"0.05", 1, "0.1"},    {u"0.04", 1, "0.0"},   {u"-0.004", 2, "-0.00"}};
+    for (const auto& [text, places, result] : rows)
+        EXPECT_EQ(U8(CDecimal(text).ToString(places)), result) << U8(text);
     EXPECT_THROW(CDecimal(1).ToString(-1), CZqInvalidParamException);
 }
 
 TEST(Decimal, ConvertsToMachineTypes)
 {
-    EXPECT_EQ(CDecimal(u"2.5").ToLong(), 2);
-    EXPECT_EQ(CDecimal(u"2.6").ToLong(), 3);
-    EXPECT_EQ(CDecimal(u"-2.51").ToLong(), -3);
-    EXPECT_EQ(CDecimal(u"2.6").ToLongLong(), 2);
-    EXPECT_EQ(CDecimal(u"2.96").ToLongLong(), 3);
-    EXPECT_EQ(CDecimal(u"-2.95").ToLongLong(), -2);
+    for (const auto& [text, value] : {std::pair(u"2.5", 2), {u"2.6", 3}, {u"-2.51", -3}})
+        EXPECT_EQ(CDecimal(text).ToLong(), value);
+    for (const auto& [text, value] : {std::pair(u"2.6", 2), {u"2.96", 3}, {u"-2.95", -2}})
+        EXPECT_EQ(CDecimal(text).ToLongLong(), value);
     EXPECT_EQ(CDecimal(u"-1234.5e-2").ToDouble(), -12.345);
     EXPECT_EQ(CDecimal(2147483648LL).ToBigInteger(), 2147483648LL);
-    EXPECT_EQ(MessageOf<CZqOverFlowException>([] { CDecimal(2147483648LL).ToLong(); }),
-              "The Decimal value if to large to fit into a LONG");
-    EXPECT_EQ(
-        MessageOf<CZqOverFlowException>([] { CDecimal(u"9223372036854775808").ToLongLong(); }),
-        "The Decimal value if to large to fit into a LONGLONG");
-    EXPECT_EQ(MessageOf<CZqOverFlowException>([] { CDecimal(u"-1.8E308").ToDouble(); }),
-              "The Decimal value if to large to fit into a Double");
+    const auto fault = [](auto step) { return MessageOf<CZqOverFlowException>(step); };
+    const std::string tooLarge = "The Decimal value if to large to fit into a ";
+    EXPECT_EQ(fault([] { CDecimal(2147483648LL).ToLong(); }), tooLarge + "LONG");
+    EXPECT_EQ(fault([] { CDecimal(u"9223372036854775808").ToLongLong(); }), tooLarge + "LONGLONG");
+    EXPECT_EQ(fault([] { CDecimal(u"-1.8E308").ToDouble(); }), tooLarge + "Double");
 }
 
 TEST(Decimal, MeetsANewCapAtItsNextProduct)

@@ -1,10 +1,11 @@
-// Tables of the tests of dates and durations, written as text.
+// Tables of the tests of values, written as text.
 #pragma once
 
 #include "support/Print.h"
 
-#include <ZqXmlLib9/types/DateTimeSpan.h>
+#include <ZqXmlLib9/types/ItemType.h>
 
+#include <algorithm>
 #include <iterator>
 #include <sstream>
 #include <string>
@@ -19,6 +20,14 @@ inline std::vector<std::string> Words(const char* text)
 {
     std::istringstream words(text);
     return {std::istream_iterator<std::string>(words), {}};
+}
+
+inline ItemType TypeOf(const std::string& word)
+{
+    static const std::vector<std::string> words =
+        Words("invalid hexBinary base64Binary i1 i2 i4 i8 ui1 ui2 ui4 ui8 r4 r8 duration yearMonth "
+              "monthDay year month day date datetime time char string boolean decimal integer");
+    return static_cast<ItemType>(std::ranges::find(words, word) - words.begin());
 }
 
 /// Each "text" is written as it was read, "text=written" as it says.
