@@ -1,5 +1,4 @@
-// Text on its way to a file, in pieces that are flushed or at once, and real failures of the system
-// on that way.
+// Text on its way to a file, in pieces that are flushed or at once, and failures on that way.
 
 #include "support/Print.h"
 #include "support/TempFile.h"
@@ -9,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <regex>
-#include <sys/resource.h>
 #include <unistd.h>
 
 namespace ZqXmlLib9 {
@@ -27,7 +25,7 @@ std::string Write(EWay way, const std::string& path, XmlEncoding encoding, const
     CTextStream memory(encoding);
     CFileTextStream file(name.c_str(), encoding);
     CTextStream& stream = way == InPieces ? file : memory;
-    try {
+    return TextOrMessage([&] {
         stream.Open();
         for (const std::u16string& piece : pieces) {
             stream.WriteString(piece);
@@ -36,11 +34,8 @@ std::string Write(EWay way, const std::string& path, XmlEncoding encoding, const
         stream.Close();
         if (way == AtOnce)
             CFileBinaryStream(name.c_str(), encoding, memory.GetEncodedData()).WriteToFile();
-    }
-    catch (const CZqException& failure) {
-        return failure.GetFullMessageUtf8();
-    }
-    return {};
+        return std::string();
+    });
 }
 
 TEST(File, HoldsTheWholeTextWhateverPartsIt)
@@ -92,30 +87,6 @@ TEST(Failure, SaysWhyAndLeavesNoHandleOpen)
     EXPECT_EQ(file.GetContent(), "old");
     EXPECT_EQ(::dup(0), next);
     ::close(next);
-}
-
-/// Writes in a process of its own, which ends with the failure on standard error.
-void WriteInLimits(EWay way, const CTempFile& file, bool mayOpen)
-{
-    const rlimit limit{5000, 5000};
-    if (mayOpen ? ::setrlimit(RLIMIT_FSIZE, &limit) : ::setuid(65534))
-        std::cerr << "not set: ";
-    const Pieces pieces(3, std::u16string(2000, u'x'));
-    std::cerr << Write(way, file.GetPath(), XmlEncoding_UTF8, pieces);
-    std::_Exit(0);
-}
-
-TEST(Failure, ComesFromTheLimitsOfAProcess)
-{
-    const testing::ExitedWithCode good(0);
-    const CTempFile file("");
-    for (const EWay way : kWays) {
-        std::filesystem::permissions(file.GetPath(), std::filesystem::perms::owner_all);
-        EXPECT_EXIT(WriteInLimits(way, file, true), good, "rror \\[0x0000001B\\]");
-        EXPECT_EQ(file.GetContent(), "");
-        std::filesystem::permissions(file.GetPath(), std::filesystem::perms::none);
-        EXPECT_EXIT(WriteInLimits(way, file, false), good, "error \\[0x0000000D\\]");
-    }
 }
 
 }  // namespace
