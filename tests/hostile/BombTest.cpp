@@ -95,11 +95,9 @@ struct SBomb {
 
 const SBomb kBombs[] = {
     {"Attributes", 500, "<r", " n#='v'", "/>", Turn},
-    {"Prefixes", 1000, "<r", " xmlns:p#='u#'", "/>", Turn},
     {"AttributesWithPrefixes", 300, "<r", " xmlns:p#='u#' p#:a='v'", "/>", Turn},
     {"ScopesWithPrefixes", 300, "<r xmlns:a='ua' a:a=''", " xmlns:p#='u#' p#:a='v'", "/>",
      TurnNested},
-    {"Siblings", 500, "<r>", "<e n='#'>text #</e>", "</r>", Turn},
     {"Names", 500, "<r>", "<n#/>", "</r>", Turn},
     {"Namespaces", 500, "<r>", "<e xmlns='u#'/>", "</r>", Turn},
     {"SiblingsWithPrefixes", 500, "<r>", "<p:e xmlns:p='u#' p:n='#'/>", "</r>", Turn},
@@ -108,22 +106,16 @@ const SBomb kBombs[] = {
     {"Value", 50'000, "<r a='", "&amp;", "'/>", Turn},
     {"Entities", 1000, "<!DOCTYPE r [<!ENTITY e 'text'>", "<!ENTITY e# 'text'>", "]><r>&e;</r>",
      Turn},
-    {"Elements", 500, kFastInfoset, "\0\xF0"s, "\xF0", Turn},
     {"Texts", 500, kFastInfoset + kLongText, "\xA0", "\xF0", Turn},
     {"Entries", 500, kFastInfoset, "\x3C\x07#\xF0", "\xF0", Turn},
     {"Booleans", 500, kFastInfoset, "\x8C\x16\x05\0\0\0\0\0\0\0\0"s, "\xF0", Turn},
-    {"Waypoints", 100, kGpx, "<wpt lat='#' lon='-#.5'><name>#</name></wpt>", "</gpx>",
-     TurnObject<Gpx::CGpx>},
     {"Extensions", 100, kGpx + "<extensions>", "<p:e xmlns:p='urn:#' p:n='#'>#</p:e>",
      "</extensions></gpx>", TurnObject<Gpx::CGpx>},
     {"Tags", 500, kOrders, "<tag>#</tag>", "</order></orders>", TurnObject<Orders::COrders>},
     {"Thousandfold", 50'000, "<r>", " ", "</r>", Inflate},
     {"Decimal", 20'000, "", "7", "", TurnValue<ItemType_decimal>},
-    {"Fraction", 20'000, "0.", "7", "", TurnValue<ItemType_decimal>},
-    {"Integer", 20'000, "", "7", "", TurnValue<ItemType_integer>},
     {"Double", 20'000, "", "7", "", TurnValue<ItemType_r8>},
     {"Small", 20'000, "", "7", "", TurnValue<ItemType_i4>, "The value [7777"},
-    {"Year", 20'000, "", "7", "", TurnValue<ItemType_date>, "Invalid "},
     {"Second", 20'000, "00:00:00.", "7", "", TurnValue<ItemType_time>, "Invalid "},
     {"Duration", 20'000, "P", "7", "Y", TurnValue<ItemType_duration>},
     {"Hexadecimal", 20'000, "", "77", "", TurnValue<ItemType_hexBinary>},
@@ -146,17 +138,14 @@ protected:
     /// The processor time that the use of an input takes, in seconds.
     double Measure(const std::string& input)
     {
-        timespec start, end;
-        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &start);
-        try {
-            GetParam().use(input);
-        }
-        catch (const CZqException& failure) {
-            m_message = failure.GetFullMessageUtf8();
-        }
-        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &end);
-        return static_cast<double>(end.tv_sec - start.tv_sec)
-               + 1e-9 * static_cast<double>(end.tv_nsec - start.tv_nsec);
+        const auto now = [] {
+            timespec time;
+            clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+            return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
+        };
+        const double start = now();
+        m_message = TextOrMessage([&] { return GetParam().use(input), ""; });
+        return now() - start;
     }
 
     std::string m_message;

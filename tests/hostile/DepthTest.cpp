@@ -48,20 +48,20 @@ CSmartPtr<CXmlObjectBase> Build(EWhat what, std::size_t levels)
 
 /// The message of reading or writing so many levels; empty: it succeeds.
 std::string Go(EWhat what, bool isText, bool isRead, std::size_t levels)
-try {
+{
     const std::string document =
         isText ? Times(levels, "<e>") + Times(levels, "</e>")
                : "\xE0\0\0\1\0\x3C\0e"s + Times(levels - 1, {"", 1}) + Times(levels, "\xF0");
-    if (isRead && what == Tree)
-        CXmlDocument().LoadXmlStream(Octets(document));
-    else if (isRead)
-        Build(what, 1)->FromXmlStream(Octets(document));
-    else
-        isText ? Build(what, levels)->ToXmlStream() : Build(what, levels)->ToFastInfosetStream();
-    return {};
-}
-catch (const CZqException& failure) {
-    return failure.GetFullMessageUtf8();
+    return TextOrMessage([&] {
+        if (isRead && what == Tree)
+            CXmlDocument().LoadXmlStream(Octets(document));
+        else if (isRead)
+            Build(what, 1)->FromXmlStream(Octets(document));
+        else
+            isText ? Build(what, levels)->ToXmlStream()
+                   : Build(what, levels)->ToFastInfosetStream();
+        return "";
+    });
 }
 
 /// Recursion would need more than the stack at either; sanitizers make a level costly.
