@@ -24,9 +24,10 @@ struct SWay {
     bool isWriting;
 };
 
-std::string Load(const CTempFile& file, bool isAsync)
+template <bool inChunks>
+std::string Load(const CTempFile& file, const std::string&)
 {
-    AsyncFromXmlFile(isAsync);
+    AsyncFromXmlFile(inChunks);
     return TextOrMessage([&] {
         CXmlDocument document;
         document.Load(file.GetName().c_str());
@@ -34,26 +35,13 @@ std::string Load(const CTempFile& file, bool isAsync)
     });
 }
 
-std::string LoadWhole(const CTempFile& file, const std::string&)
-{
-    return Load(file, false);
-}
-
-std::string LoadChunks(const CTempFile& file, const std::string&)
-{
-    return Load(file, true);
-}
-
 std::string WritePieces(const CTempFile& file, const std::string& content)
 {
     return TextOrMessage([&] {
         CFileTextStream stream(file.GetName().c_str(), XmlEncoding_UTF8);
         stream.Open();
-        static std::u16string text;
-        if (text.size() != content.size())
-            text = ToUtf16(content);
         for (std::size_t i = 0; i < content.size(); i += 250'000) {
-            stream.WriteString(std::u16string_view(text).substr(i, 250'000));
+            stream.WriteString(ToUtf16(content.substr(i, 250'000)));
             stream.Flush();
         }
         stream.Close();
@@ -88,8 +76,10 @@ bool MayStillWork(const std::string& call, int error, bool isWriting)
 
 bool NamesError(const std::string& message, int error)
 {
-    return message.ends_with(U8(FormatString(u"rror [0x%08X]", error)))
-           || message.ends_with(U8(FormatString(u"rror [0x%08x]", error)));
+    const auto ends = [&](const char16_t* code) {
+        return message.ends_with(U8(FormatString(code, error)));
+    };
+    return ends(u"rror [0x%08X]") || ends(u"rror [0x%08x]");
 }
 
 /// The calls whose failure must not be passed over.
@@ -160,8 +150,8 @@ TEST_P(EveryCall, MayFailOrFallShort)
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, EveryCall,
-                         testing::Values(SWay{"LoadWhole", LoadWhole, false},
-                                         SWay{"LoadChunks", LoadChunks, false},
+                         testing::Values(SWay{"LoadWhole", Load<false>, false},
+                                         SWay{"LoadChunks", Load<true>, false},
                                          SWay{"WritePieces", WritePieces, true},
                                          SWay{"WriteAtOnce", WriteAtOnce, true}),
                          kRowName);
