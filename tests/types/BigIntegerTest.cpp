@@ -98,11 +98,9 @@ TEST(BigInteger, TakesSquareRoots)
 TEST(BigInteger, MinusChangesItsOperand)
 {
     CBigInteger x = 5;
-    const CBigInteger y = -x;
-    EXPECT_TRUE(x == -5 && y == -5);
-    x -= x;
-    EXPECT_EQ(x, 0);
-    CBigInteger moved = std::move(x = 12);
+    EXPECT_TRUE(-x == -5 && x == -5);
+    EXPECT_EQ(x -= x, 0);
+    const CBigInteger moved = std::move(x = 12);
     EXPECT_EQ(moved * moved / moved, 12);
 }
 

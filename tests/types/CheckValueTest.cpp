@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-
 namespace ZqXmlLib9 {
 namespace {
 
@@ -89,25 +87,19 @@ TEST(CheckValue, TestsBoundsInTheirOrderAndLengthsBeforeThePattern)
 TEST(CheckValue, MatchesTheWholeValueWithTheFirstMatch)
 {
     // A pattern, a value that matches, and one that doesn't.
-    const std::array<std::u16string, 3> rows[] = {
-        {u"[0-9]+", u"123", u"123a"},
-        {u"[0-9]+", u"0", u""},
-        {u"a|ab", u"a", u"ab"},
-        {u"\\i\\c*", u"x-1", u"1x"},
-        {u"\\I\\C", u"1 ", u"a "},
-        {u"\\\\i", u"\\i", u"a"},
-        {u"\\p{IsBasicLatin}+", u"abc", u"ab\u00E9"},
-        {u"\\p{IsLatin-1Supplement}", u"\u00E9", u"e"},
-        {u"\\p{IsLatinExtended-A}", u"\u0153", u"\u00E9"},
-        {u"\\p{Lu}", u"\u00C9", u"\u00E9"},
-        {u".", u"\U0001F600", u"ab"},
-        {u"(x+x+)+y", u"xxy", u"xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"}};
-    for (int round = 0; round < 2; ++round)  // compiled, and kept
-        for (const auto& [pattern, matched, refused] : rows) {
-            EXPECT_EQ(Check(ItemType_string, matched, u"p" + pattern), "") << U8(pattern);
-            EXPECT_EQ(Check(ItemType_string, refused, u"p" + pattern),
-                      "Invalid Value for a [" + U8(refused) + "]");
-        }
+    const std::vector<std::string> rows = Words(
+        "[0-9]+ 123 123a a|ab a ab \\i\\c* x-1 1x \\I\\C 1+ a+ \\\\i \\i a \\p{Lu} \u00C9 \u00E9 "
+        "\\p{IsBasicLatin}+ abc ab\u00E9 \\p{IsLatin-1Supplement} \u00E9 e . \U0001F600 ab "
+        "\\p{IsLatinExtended-A} \u0153 \u00E9 "
+        "(x+x+)+y xxy xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx");
+    for (std::size_t i = 0; i < 2 * rows.size(); i += 3) {  // compiled, and kept
+        const std::string* const row = &rows[i % rows.size()];
+        const std::u16string facet = u"p" + ToUtf16(row[0]);
+        EXPECT_EQ(Check(ItemType_string, ToUtf16(row[1]), facet), "") << row[0];
+        EXPECT_EQ(Check(ItemType_string, ToUtf16(row[2]), facet),
+                  "Invalid Value for a [" + row[2] + "]");
+    }
+    EXPECT_EQ(Check(ItemType_string, u"", u"p[0-9]+"), "Invalid Value for a []");
     EXPECT_EQ(Check(ItemType_string, u"v", u"p("),
               "Invalid Regular Expression: ( Error: 'missing closing parenthesis'\n"
               "Invalid Value for a [v]");

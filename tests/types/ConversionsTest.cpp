@@ -1,4 +1,5 @@
-// The texts of all value types, through the variant, which uses each conversion once.
+// The texts of all value types, through the variant, which uses each conversion once; and the white
+// space rules over the same texts.
 #include "Rows.h"
 
 #include <ZqXmlLib9/engine/ZqVariant.h>
@@ -136,6 +137,8 @@ TEST(Conversions, ReadTheFormatOfADecimal)
 TEST(Variant, KeepsItsValueWhenTheTextIsRefused)
 {
     ZqVariant value;
+    value.SetMonthDay(CDateTime(2001, 2, 3));
+    EXPECT_EQ(U8(value.GetType() + value.ToString(u"%5.1f")), "monthDay2001-02-03");
     value.SetDecimal(CDecimal(u"1.5"));
     const auto read = [&](const char16_t* text, ItemType type) {
         return MessageOf([&] { value.FromString(text, type, kNone); });
@@ -151,17 +154,26 @@ TEST(Variant, KeepsItsValueWhenTheTextIsRefused)
     EXPECT_TRUE(value.GetDecimal() == 0 && value.GetHexBinary().GetData() == nullptr);
 }
 
-TEST(Variant, TellsTheSetterNotTheTypeOfADate)
+// Other blanks of Unicode, control characters, and units that look like a blank in one octet.
+const std::u16string kNoWhiteSpace = u"\v\f\u0085\u00A0\u0120\u2000\u2020\u2028\u3000\uFEFF";
+
+TEST(WhiteSpace, FollowsEachRule)
 {
-    ZqVariant value;
-    value.SetMonthDay(CDateTime(2001, 2, 3));
-    ZqVariant copy;
-    copy.SetHexBinary(CBinaryData(u"ab"));
-    copy = value;
-    value.SetI1(-5);
-    EXPECT_EQ(U8(copy.GetType()), "monthDay");
-    EXPECT_EQ(U8(copy.ToString(u"%5.1f")), "2001-02-03");
-    EXPECT_EQ(U8(value.ToString(nullptr)), "-5");
+    // As it is, preserved, replaced, collapsed.
+    const std::u16string rows[][4] = {
+        {u" \r ", u"  ", u"  ", u""},
+        {u"\t a b\n", u"\t a b\n", u"  a b ", u"a b"},
+        {u"a\rb", u"ab", u"ab", u"ab"},
+        {u"  a \r\n  b  ", u"  a \n  b  ", u"  a    b  ", u"a b"},
+        {u"a \r", u"a ", u"a ", u"a"},
+        {u"\r a", u" a", u" a", u"a"},
+        {kNoWhiteSpace, kNoWhiteSpace, kNoWhiteSpace, kNoWhiteSpace},
+        {{u"a\0 \r\0", 5}, {u"a\0 \0", 4}, {u"a\0 \0", 4}, {u"a\0 \0", 4}}};
+    for (const auto& row : rows)
+        for (int rule = 0; rule < 4; ++rule)
+            EXPECT_EQ(U8(CWhitespaceUtils::ApplyRule(Rule(rule), row[0])), U8(row[rule])) << rule;
+    EXPECT_EQ(CWhitespaceUtils::Preserve(u"a\r\nb\rc", 5), u"a\nb");
+    EXPECT_EQ(CWhitespaceUtils::Preserve(u"a", 0), u"");
 }
 
 }  // namespace
