@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <regex>
-
 namespace ZqXmlLib9 {
 namespace {
 
@@ -40,8 +38,9 @@ TEST_P(Wrapper, HoldsWhatGetsShorter)
             CZqZip::Decompress(&array, &length);
         }
         catch (const CZqException& failure) {
-            const std::regex words(R"(Failed to compress data\. \[Error Code: (0|-5)\])");
-            EXPECT_TRUE(std::regex_match(failure.GetFullMessageUtf8(), words)) << failure;
+            const std::string message = failure.GetFullMessageUtf8();
+            EXPECT_TRUE(message == "Failed to compress data. [Error Code: 0]"
+                        || message == "Failed to compress data. [Error Code: -5]");
             EXPECT_LT(size, 32u);
             EXPECT_EQ(data, size == 0 ? plain : CBinaryData());
         }
