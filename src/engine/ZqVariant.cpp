@@ -87,11 +87,11 @@ ZqVariant::ZqVariant(const ZqVariant& other) : m_type(other.m_type), m_payload(o
     OwnString();
 }
 
-ZqVariant::ZqVariant(ZqVariant&& other) noexcept
-    : m_type(std::exchange(other.m_type, ItemType_invalid)),
-      m_payload(std::exchange(other.m_payload, Payload()))
+ZqVariant::ZqVariant(ZqVariant&& other)
 {
-    OwnString();
+    other.OwnString();
+    m_type = std::exchange(other.m_type, ItemType_invalid);
+    m_payload = std::exchange(other.m_payload, Payload());
 }
 
 void ZqVariant::OwnString()
@@ -107,7 +107,7 @@ ZqVariant& ZqVariant::operator=(const ZqVariant& other)
     return *this = ZqVariant(other);
 }
 
-ZqVariant& ZqVariant::operator=(ZqVariant&& other) noexcept
+ZqVariant& ZqVariant::operator=(ZqVariant&& other)
 {
     ZqVariant taken(std::move(other));
     std::swap(m_type, taken.m_type);

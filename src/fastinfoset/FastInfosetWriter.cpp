@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace ZqXmlLib9 {
 namespace {
@@ -57,8 +58,6 @@ void RequireOctets(std::size_t count)
         Fail(u"An empty name can not be written.");
 }
 
-}  // namespace
-
 /// Of a name of a document, which has few of them.
 std::size_t HashName(std::u16string_view name)
 {
@@ -67,6 +66,8 @@ std::size_t HashName(std::u16string_view name)
                         : name.size() * 5 + unit(name.size() - 1) * 37 + unit(0) * 11
                               + unit(name.size() / 2);
 }
+
+}  // namespace
 
 /// The forms of a name: on the third bit of an octet for elements, on the second for attributes.
 struct __attribute__((visibility("hidden"))) CFastInfosetWriter::SNameForm {
@@ -139,9 +140,10 @@ void CFastInfosetWriter::Flush()
 {
     if (m_committed == 0)
         return;
-    m_stream->Append(reinterpret_cast<const unsigned char*>(m_octets.data()), m_committed);
+    // Should the stream fail, these octets belong to an event that did.
+    const std::size_t count = std::exchange(m_committed, 0);
+    m_stream->Append(reinterpret_cast<const unsigned char*>(m_octets.data()), count);
     m_octets.clear();
-    m_committed = 0;
 }
 
 void CFastInfosetWriter::WriteDocumentHeader(FInfoDecl declaration)

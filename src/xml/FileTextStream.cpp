@@ -36,7 +36,14 @@ void CFileTextStream::Flush()
     if (text.empty())
         return;
     FinishWrite();
-    const CBinaryData data = Encode(text, m_flushedUnits);
+    CBinaryData data;
+    try {
+        data = Encode(text, m_flushedUnits);
+    }
+    catch (...) {
+        m_file->Discard();
+        throw;
+    }
     m_file->StartWrite(m_position, ToOctets(data.GetData(), data.GetLength()));
     m_flushedUnits += text.size();
     Clear();

@@ -6,7 +6,6 @@
 
 #include <array>
 #include <cstddef>
-#include <utility>
 
 namespace ZqXmlLib9 {
 namespace {
@@ -136,8 +135,9 @@ void CXmlTextWriter::CloseStartTag()
     if (context == nullptr)
         return;
     ++context->m_childCount;
-    if (std::exchange(context->m_isStartTagOpen, false))
+    if (context->m_isStartTagOpen)
         m_stream->WriteStrings(u">", LineEnd());
+    context->m_isStartTagOpen = false;
 }
 
 void CXmlTextWriter::WriteAttribute(std::u16string_view name, std::u16string_view uri,
@@ -190,12 +190,12 @@ void CXmlTextWriter::WriteText(std::u16string_view text, ItemType)
     if (text.empty())
         return;
     CXmlWriterContext& context = RequireContext();
-    const std::u16string_view tagEnd =
-        kTagEnd.substr(0, std::exchange(context.m_isStartTagOpen, false) ? 1 : 0);
+    const std::u16string_view tagEnd = kTagEnd.substr(0, context.m_isStartTagOpen ? 1 : 0);
     if (text.starts_with(kCDataStart))
         m_stream->WriteStrings(tagEnd, text);
     else
         WriteEscaped(tagEnd, text, Escaping::Text);
+    context.m_isStartTagOpen = false;
     FlushIfFull();
 }
 

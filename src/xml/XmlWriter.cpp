@@ -13,6 +13,9 @@ namespace {
 
 constexpr int kDefaultMaxDepth = 1024;
 
+/// So many scopes lie between, and what was found is remembered.
+constexpr int kLongWay = 8;
+
 [[noreturn]] void ThrowTooDeep(int levels)
 {
     throw CZqException(FormatString(u"The document is nested deeper than %d levels", levels));
@@ -245,27 +248,39 @@ CXmlWriter::CXmlWriterContext::SScope::SScope(const SScope* inherited)
 
 const std::u16string* CXmlWriter::CXmlWriterContext::SScope::Find(std::u16string_view uri) const
 {
-    for (const SScope* scope = this; scope != nullptr; scope = scope->outer)
-        if (const auto entry = scope->prefixes.find(uri); entry != scope->prefixes.end())
+    int steps = 0;
+    for (const SScope* scope = this; scope != nullptr; scope = scope->outer, ++steps) {
+        const auto entry = scope->prefixes.find(uri);
+        if (entry != scope->prefixes.end()) {
+            // No scope around this one changes while it is there.
+            if (steps > kLongWay)
+                found.insert_or_assign(entry->first, &entry->second);
             return &entry->second;
+        }
+        if (scope == this)
+            if (const auto known = found.find(uri); known != found.end())
+                return known->second;
+    }
     return nullptr;
 }
 
 void CXmlWriter::CXmlWriterContext::SScope::Set(std::u16string_view uri, std::u16string_view prefix)
 {
-    if (const std::u16string* const old = Find(uri); old != nullptr) {
-        if (*old == prefix)
-            return;
-        const auto entries = uris.equal_range(*old);
-        const auto entry = std::find_if(entries.first, entries.second,
-                                        [&](const auto& e) { return e.second == uri; });
-        if (entry != entries.second)
-            uris.erase(entry);
-        firstFree = 0;
-    }
+    const std::u16string* const current = Find(uri);
+    const std::u16string old = current != nullptr ? *current : std::u16string();
+    if (current != nullptr && old == prefix)
+        return;
     if (!prefix.empty())
         uris.emplace(prefix, uri);
     prefixes.insert_or_assign(std::u16string(uri), std::u16string(prefix));
+    if (old.empty())
+        return;
+    const auto entries = uris.equal_range(old);
+    const auto entry =
+        std::find_if(entries.first, entries.second, [&](const auto& e) { return e.second == uri; });
+    if (entry != entries.second)
+        uris.erase(entry);
+    firstFree = 0;
 }
 
 bool CXmlWriter::CXmlWriterContext::SScope::IsTaken(std::u16string_view prefix) const
@@ -273,7 +288,8 @@ bool CXmlWriter::CXmlWriterContext::SScope::IsTaken(std::u16string_view prefix) 
     for (const SScope* scope = this; scope != nullptr; scope = scope->outer) {
         const auto entries = scope->uris.equal_range(prefix);
         for (auto entry = entries.first; entry != entries.second; ++entry)
-            if (*Find(entry->second) == prefix)
+            if (const std::u16string* const current = Find(entry->second);
+                current != nullptr && *current == prefix)
                 return true;
     }
     return false;

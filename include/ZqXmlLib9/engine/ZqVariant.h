@@ -34,9 +34,9 @@ public:
     /// No value: `ItemType_invalid`.
     ZqVariant();
     ZqVariant(const ZqVariant& other);
-    ZqVariant(ZqVariant&& other) noexcept;
+    ZqVariant(ZqVariant&& other);
     ZqVariant& operator=(const ZqVariant& other);
-    ZqVariant& operator=(ZqVariant&& other) noexcept;
+    ZqVariant& operator=(ZqVariant&& other);
     virtual ~ZqVariant();
 
     bool IsValid() const noexcept { return m_type != ItemType_invalid; }

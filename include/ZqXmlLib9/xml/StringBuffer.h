@@ -32,14 +32,6 @@ public:
     void Append(const char16_t* text);
     void Append(const std::u16string& text);
     void Append(std::u16string_view text);
-    /// Appends texts one behind the other. Several short ones cost little more than one.
-    /// \throws CZqOverFlowException  as `Append`; the first ones may have been appended
-    template <typename... TText>
-    void AppendAll(const TText&... texts)
-    {
-        AppendViews(ViewOf(texts)...);
-    }
-
     /// The length of the text, in code units.
     std::uint32_t GetPendingLength() const noexcept { return m_totalLength; }
 
@@ -53,6 +45,17 @@ public:
     void Reset();
 
 private:
+    friend class CTextStream;
+
+    /// Appends texts one behind the other, for little more than one of them costs. Arrays are
+    /// literals.
+    /// \throws CZqOverFlowException  as `Append`; the first ones may have been appended
+    template <typename... TText>
+    void AppendAll(const TText&... texts)
+    {
+        AppendViews(ViewOf(texts)...);
+    }
+
     /// The length of a literal is known without counting.
     template <std::size_t size>
     static constexpr std::u16string_view ViewOf(const char16_t (&literal)[size]) noexcept
@@ -65,7 +68,7 @@ private:
     void AppendViews(TView... texts)
     {
         const std::size_t length = (texts.size() + ...);
-        if (length > m_capacity - m_position) {
+        if (length > m_capacity - m_position || length > UINT32_MAX - m_totalLength) {
             (Append(texts), ...);
             return;
         }

@@ -36,12 +36,6 @@ public:
     void WriteString(const std::u16string& text) { m_buffer.Append(text); }
     void WriteString(std::u16string_view text) { m_buffer.Append(text); }
     void WriteChar(char16_t unit) { m_buffer.Append(unit); }
-    /// Writes texts one behind the other.
-    template <typename... TText>
-    void WriteStrings(const TText&... texts)
-    {
-        m_buffer.AppendAll(texts...);
-    }
 
     /// The code units written since the stream was emptied or flushed last.
     std::uint32_t GetPendingLength() const noexcept { return m_buffer.GetPendingLength(); }
@@ -69,6 +63,15 @@ protected:
     void Clear() { m_buffer.Clear(); }
 
 private:
+    friend class CXmlTextWriter;
+
+    /// Writes texts one behind the other; arrays are literals.
+    template <typename... TText>
+    void WriteStrings(const TText&... texts)
+    {
+        m_buffer.AppendAll(texts...);
+    }
+
     CStringBuffer m_buffer;
     XmlEncoding m_encoding;
 };

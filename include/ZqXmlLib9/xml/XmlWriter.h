@@ -118,13 +118,12 @@ protected:
 
 private:
     static std::u16string MakePrefix(std::uint32_t number);
+    int GetOpenCount() const noexcept;
 
     std::u16string m_defaultNamespaceUri;
     std::unique_ptr<CXmlWriterContext> m_context;
     std::unique_ptr<CXmlWriterContext> m_spare;  ///< closed ones, for the elements to come
     NamespaceTable m_namespaces;
-    int GetOpenCount() const noexcept;
-
     int m_maxDepth;
     int m_outerDepth = 0;  ///< elements that are open around this writer's document
     int m_groupDepth = 0;
@@ -180,7 +179,7 @@ public:
 private:
     /// What one element declares. Nothing that it inherits is copied, since a document may declare
     /// as much as it likes, and have as many elements within that as it likes.
-    struct SScope {
+    struct __attribute__((visibility("hidden"))) SScope {
         /// \param inherited  the scope around it, which lives longer; null for the root
         explicit SScope(const SScope* inherited);
         SScope(const SScope&) = delete;
@@ -193,6 +192,8 @@ private:
 
         const SScope* outer;
         NamespaceTable prefixes;  ///< by their URIs
+        /// What `Find` found far outside.
+        mutable std::map<std::u16string, const std::u16string*, std::less<>> found;
         /// The same the other way round. An entry counts where `Find` agrees.
         std::multimap<std::u16string, std::u16string, std::less<>> uris;
         const std::u16string* defaultUri;  ///< the own one, or an inherited one
