@@ -256,7 +256,7 @@ const SXmlName* CExpatReader::FindName(const char16_t* name)
 {
     const std::u16string_view full(name, MeasureName(name));
     const std::size_t hash =
-        full.size() * 5 + full.back() * 37 + full[full.size() / 2 + full.size() / 4];
+        full.size() * 5 + full.back() * std::size_t{37} + full[full.size() / 2 + full.size() / 4];
     SRecentNames& recent = m_recentNames[hash % m_recentNames.size()];
     if (recent.last != nullptr && IsName(*recent.last, full))
         return recent.last;
