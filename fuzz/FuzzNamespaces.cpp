@@ -20,7 +20,7 @@ void FillTable(CInput& input, CNamespaceAliasMap& table)
         }
         else {
             table.Add(alias.c_str(), key);
-            expected[key] = alias.c_str();
+            expected[key] = TextOrEmpty(alias.c_str());
         }
     }
     Require(table.GetNamespaceCount() == static_cast<int>(expected.size()),

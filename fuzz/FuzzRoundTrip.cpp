@@ -113,7 +113,7 @@ void FillOrder(CInput& input, Orders::COrder& order)
     });
     MaySet(input, order.m_note, TakeText);
     for (unsigned count = input.TakeBelow(4); count > 0; --count)
-        order.m_tags->Add(TakeText(input).c_str());
+        order.m_tags->Add(TakeText(input));
 }
 
 void FillOpen(CInput& input, CElement& element, int depth)

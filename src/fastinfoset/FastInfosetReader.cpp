@@ -72,10 +72,7 @@ constexpr const char16_t* kLengthBit7Failed =
     u"Invalid NonEmptyOctetString type  on the seventh bit of an octet.";
 constexpr const char16_t* kComponentFailed = u"Invalid Encoding of a document component.";
 
-/// Text that comes by indices isn't counted against the size of the document below this.
-constexpr std::uint64_t kFreeDelivery = std::uint64_t{8} << 20;
-
-/// In code units: how much of each such text isn't counted at all.
+/// In code units: so much of a name or the value of an attribute costs little more than its node.
 constexpr std::size_t kFreeLength = 64;
 
 [[noreturn]] void Fail(const std::u16string& what)
@@ -362,21 +359,23 @@ void CFastInfosetReader::ReadAttribute(CXmlElement* element, unsigned octet)
         ReadIndexedQName(kIndexBit2, octet, kIndexBit2Failed, m_vocabulary->m_attributeNames,
                          m_attributeNames);
     const bool isIndex = ReadNonIdentifyingStringBit1();
-    m_document->GetTree().AddAttribute(element, m_name,
-                                       TakeValue(isIndex, m_vocabulary->m_attributeValues));
+    m_document->GetTree().AddAttribute(
+        element, m_name, TakeValue(isIndex, m_vocabulary->m_attributeValues, kFreeLength));
 }
 
 void CFastInfosetReader::ReadChunk(unsigned octet)
 {
     const bool isIndex = ReadNonIdentifyingStringBit3(octet);
-    m_document->AppendTextExcludingCR(TakeValue(isIndex, m_vocabulary->m_chunks));
+    // No node comes with a chunk, so all of it counts.
+    m_document->AppendTextExcludingCR(TakeValue(isIndex, m_vocabulary->m_chunks, 0));
 }
 
 /// The value that was read: from its table, or into it if it says so.
-std::u16string_view CFastInfosetReader::TakeValue(bool isIndex, Table& table)
+std::u16string_view CFastInfosetReader::TakeValue(bool isIndex, Table& table,
+                                                  std::size_t freeLength)
 {
     if (isIndex)
-        return m_index == 0 ? std::u16string_view() : Deliver(At(table, m_index));
+        return m_index == 0 ? std::u16string_view() : Deliver(At(table, m_index), freeLength);
     if (m_isAddedToTable)
         table.Append(m_value);
     return m_value;
@@ -388,10 +387,12 @@ void CFastInfosetReader::ReadIndexedQName(NumberRanges ranges, unsigned bits,
 {
     ReadIndex(ranges, bits, failure);
     const CFIVocabulary::CQNameParts& parts = At(table, m_index);
-    const std::u16string_view uri = parts.nameSpace != 0
-                                        ? Deliver(At(m_vocabulary->m_nameSpaces, parts.nameSpace))
-                                        : std::u16string_view();
-    const std::u16string_view localName = Deliver(At(m_vocabulary->m_localNames, parts.localName));
+    const std::u16string_view uri =
+        parts.nameSpace != 0
+            ? Deliver(At(m_vocabulary->m_nameSpaces, parts.nameSpace), kFreeNamespaceLength)
+            : std::u16string_view();
+    const std::u16string_view localName =
+        Deliver(At(m_vocabulary->m_localNames, parts.localName), kFreeLength);
     if (names.size() < m_index)
         names.resize(table.m_entries.size());
     m_name = names[m_index - 1];
@@ -420,7 +421,7 @@ std::uint32_t CFastInfosetReader::ReadNamePart(bool isPresent, Table& table, std
     if (!isPresent)
         return 0;
     if (ReadIdentifyingString()) {
-        part = Deliver(At(table, m_index));
+        part = Deliver(At(table, m_index), kFreeLength);
         return m_index;
     }
     part = m_value;
@@ -586,15 +587,13 @@ const TEntry& CFastInfosetReader::At(const CFIVocabulary::CTable<TEntry>& table,
     return table.m_entries[index - 1];
 }
 
-// A short document may name a long text a million times. Short texts, names above all, are let
-// through: they cost little more than the nodes that they are for.
-const std::u16string& CFastInfosetReader::Deliver(const std::u16string& text)
+/// Counts a text that comes by an index: a short document may name a long one a million times.
+const std::u16string& CFastInfosetReader::Deliver(const std::u16string& text,
+                                                  std::size_t freeLength)
 {
-    m_delivered += std::max(text.size(), kFreeLength) - kFreeLength;
     const int limit = m_document->GetContext().GetMaxAmplification();
-    const std::uint64_t octets = m_delivered * sizeof(char16_t);
-    if (octets > kFreeDelivery && std::cmp_greater(octets / m_data.size(), limit))
-        Fail(FormatString(u"The document refers to more text than %d times its own size.", limit));
+    if (!m_referredText.Add(text.size(), freeLength, m_data.size(), limit))
+        Fail(FormatString(CReferredText::kTooMuch, limit) + u'.');
     return text;
 }
 

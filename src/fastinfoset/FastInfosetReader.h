@@ -9,6 +9,8 @@
 
 #include "FastInfosetFormat.h"
 
+#include "../xml/Amplification.h"
+
 #include <ZqXmlLib9/engine/InstanceMonitor.h>
 #include <ZqXmlLib9/fastinfoset/FIVocabulary.h>
 #include <ZqXmlLib9/fastinfoset/FastInfosetContext.h>
@@ -79,7 +81,7 @@ private:
     void ReadAttribute(CXmlElement* element, unsigned octet);
     void ReadChunk(unsigned octet);
     bool CloseElement();
-    std::u16string_view TakeValue(bool isIndex, Table& table);
+    std::u16string_view TakeValue(bool isIndex, Table& table, std::size_t freeLength);
 
     void ReadIndexedQName(NumberRanges ranges, unsigned bits, const char16_t* failure,
                           const CFIVocabulary::CFIQNameTable& table, Names& names);
@@ -101,7 +103,7 @@ private:
 
     template <typename TEntry>
     static const TEntry& At(const CFIVocabulary::CTable<TEntry>& table, std::uint32_t index);
-    const std::u16string& Deliver(const std::u16string& text);
+    const std::u16string& Deliver(const std::u16string& text, std::size_t freeLength);
 
     const CFastInfosetContext* m_settings;
     CXmlDocument* m_document;
@@ -116,7 +118,7 @@ private:
     const SXmlName* m_name = nullptr;  ///< the latest qualified one
     Names m_elementNames;
     Names m_attributeNames;
-    std::uint64_t m_delivered = 0;  ///< code units that came by an index and are counted
+    CReferredText m_referredText;
     std::unique_ptr<CFIVocabulary> m_vocabulary;
 };
 

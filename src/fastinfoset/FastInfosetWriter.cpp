@@ -117,10 +117,9 @@ CFastInfosetWriter::~CFastInfosetWriter() = default;
 
 void CFastInfosetWriter::Close()
 {
-    RequireIntact();
+    FlushPendingElement(false);
+    Commit();
     Flush();
-    if (m_pending != nullptr)
-        PushContext(std::move(m_pending));  // it is open, though its head isn't written
     CXmlWriter::Close();
 }
 
@@ -151,6 +150,7 @@ void CFastInfosetWriter::WriteDocumentHeader(FInfoDecl declaration)
     const auto index = static_cast<std::size_t>(declaration);
     if (index >= kDeclarations.size())
         Fail(FormatString(u"Invalid declaration [%d]", declaration));
+    RequireIntact();
     m_octets += kDeclarations[index];
     PutAll(kMagic);
     if (!m_settings->GetUseGeneratedVocabulary()) {
@@ -197,11 +197,7 @@ void CFastInfosetWriter::FlushPendingElement(bool attributesFollow)
     RequireIntact();
     if (m_pending == nullptr)
         return;
-    unsigned bits = 0;
-    if (attributesFollow) {
-        m_pending->m_hasAttributes = true;
-        bits = kHasAttributes;
-    }
+    unsigned bits = attributesFollow ? kHasAttributes : 0;
     const bool isRoot = GetContext() == nullptr;
     if (isRoot || !m_declarations.empty()) {
         Put(bits | kNamespaceAttributes);
@@ -217,6 +213,7 @@ void CFastInfosetWriter::FlushPendingElement(bool attributesFollow)
     }
     AppendQName(SNameForm::kElement, bits, m_pending->m_prefix, uri, m_pending->GetLocalName(),
                 m_vocabulary->m_elementNameMap);
+    m_pending->m_hasAttributes = attributesFollow;
     PushContext(std::move(m_pending));
 }
 
@@ -245,9 +242,9 @@ void CFastInfosetWriter::CloseAttributes()
     CXmlWriterContext* const context = GetContext();
     if (context == nullptr || !context->m_isStartTagOpen)
         return;
-    context->m_isStartTagOpen = false;
     if (context->m_hasAttributes)
         Put(kTerminator);
+    context->m_isStartTagOpen = false;
 }
 
 void CFastInfosetWriter::CloseSibling()
@@ -264,9 +261,9 @@ void CFastInfosetWriter::WriteStartElement(std::u16string_view name, std::u16str
         throw CZqInvalidStateException(u"A Fast Infoset document has one root");
     std::unique_ptr<CXmlWriterContext> context = MakeContext(name, uri);
     CloseSibling();
+    CloseAttributes();
     if (GetContext() != nullptr)
         ++GetContext()->m_childCount;
-    CloseAttributes();
     m_pending = std::move(context);
     Commit();
 }
@@ -341,8 +338,10 @@ void CFastInfosetWriter::DeclareForType(CXmlWriterContext& context, std::u16stri
         prefix = CreateUniquePrefix(taken);
         m_typePrefixes.emplace(uri, prefix);
     }
-    context.SetNamespace(uri, prefix);
-    m_declarations.emplace_back(std::move(prefix), uri);
+    m_declarations.reserve(m_declarations.size() + 1);
+    std::pair declaration(std::move(prefix), std::u16string(uri));
+    context.SetNamespace(uri, declaration.first);
+    m_declarations.push_back(std::move(declaration));
 }
 
 void CFastInfosetWriter::WriteXsiType(std::u16string_view uri, std::u16string_view typeName,

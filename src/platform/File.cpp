@@ -181,8 +181,6 @@ int CWriteFile::FinishWrite(std::size_t& count)
 
 int CWriteFile::Close()
 {
-    m_written = 0;
-    m_error = 0;
     // The descriptor is gone after any outcome; a second close could hit another one's. So a copy
     // of it is there to empty the file, should the system find only now that it can't be written.
     const int copy = m_isRegular ? ::fcntl(m_descriptor, F_DUPFD_CLOEXEC, 0) : -1;
@@ -196,6 +194,8 @@ int CWriteFile::Close()
 
 void CWriteFile::Discard()
 {
+    m_written = 0;
+    m_error = 0;
     const int descriptor = std::exchange(m_descriptor, -1);
     if (descriptor < 0)
         return;

@@ -28,6 +28,12 @@ constexpr char16_t kSeparator = u'|';
 /// `XML_Parse` takes its length as an int; larger buffers are fed in pieces of this many octets.
 constexpr std::size_t kMaxPiece = std::size_t{1} << 30;
 
+/// How many times the size of the document the memory of the parser may be, beyond what is free.
+constexpr int kMaxMemory = 100;
+
+/// In code units: what a default value of an attribute costs besides its text.
+constexpr std::size_t kAttributeCost = 32;
+
 /// The UTF-16 behind a pointer of Expat.
 const char16_t* Wide(const XML_Char* text)
 {
@@ -176,8 +182,11 @@ CExpatReader::~CExpatReader() = default;
 void CExpatReader::Initialise()
 {
     const bool hasNamespaces = m_document->GetSchemaType() != SchemaType_NoNamespaces;
-    m_parser.reset(hasNamespaces ? XML_ParserCreateNS(nullptr, kSeparator)
-                                 : XML_ParserCreate(nullptr));
+    constexpr XML_Memory_Handling_Suite kMemory{CParserHeap::Allocate, CParserHeap::Reallocate,
+                                                CParserHeap::Free};
+    constexpr XML_Char kSeparators[] = {kSeparator, 0};
+    const CParserHeap::CUse heap(m_heap);
+    m_parser.reset(XML_ParserCreate_MM(nullptr, &kMemory, hasNamespaces ? kSeparators : nullptr));
     if (m_parser == nullptr)
         throw std::bad_alloc();
     XML_Parser const parser = m_parser.get();
@@ -197,6 +206,7 @@ void CExpatReader::UseUtf16(const CUtf16Input& input)
     m_utf16 = input;
     // What the declaration names is tested by the handler, since the parser gets UTF-8.
     constexpr XML_Char kUtf8[] = {'U', 'T', 'F', '-', '8', 0};
+    const CParserHeap::CUse heap(m_heap);
     if (XML_SetEncoding(m_parser.get(), kUtf8) != XML_STATUS_OK)
         throw std::bad_alloc();
     XML_SetXmlDeclHandler(m_parser.get(), SExpatCallbacks::XmlDeclaration);
@@ -204,6 +214,8 @@ void CExpatReader::UseUtf16(const CUtf16Input& input)
 
 void CExpatReader::ParseBuffer(std::span<const std::byte> data, bool final)
 {
+    m_documentSize += data.size();
+    m_heap.SetLimit(kFreeAmplification + kMaxMemory * m_documentSize);
     if (std::exchange(m_isAtStart, false))
         if (const std::optional<CUtf16Input::EOrder> order = CUtf16Input::Detect(data))
             UseUtf16(CUtf16Input(*order, true));
@@ -225,6 +237,7 @@ void CExpatReader::ParseBuffer(std::span<const std::byte> data, bool final)
 
 void CExpatReader::Feed(std::span<const std::byte> data, bool final)
 {
+    const CParserHeap::CUse heap(m_heap);
     do {
         const std::span<const std::byte> piece = data.first(std::min(data.size(), kMaxPiece));
         data = data.subspan(piece.size());
@@ -246,10 +259,25 @@ void CExpatReader::Feed(std::span<const std::byte> data, bool final)
 void CExpatReader::ThrowParserError()
 {
     const XML_Error error = XML_GetErrorCode(m_parser.get());
-    if (error == XML_ERROR_NO_MEMORY)
+    if (error != XML_ERROR_NO_MEMORY)
+        ThrowAtLine(FormatString(u"%S", XML_ErrorString(error)));
+    if (!m_heap.IsExhausted())
         throw std::bad_alloc();
-    throw CZqException(FormatString(u"%S at line %I64d", XML_ErrorString(error),
-                                    XML_GetCurrentLineNumber(m_parser.get())));
+    ThrowAtLine(
+        FormatString(u"The document takes more memory than %d times its own size", kMaxMemory));
+}
+
+void CExpatReader::ThrowAtLine(const std::u16string& what) const
+{
+    throw CZqException(
+        FormatString(u"%s at line %I64d", what, XML_GetCurrentLineNumber(m_parser.get())));
+}
+
+void CExpatReader::Refer(std::size_t length, std::size_t freeLength)
+{
+    const int limit = m_document->GetContext().GetMaxAmplification();
+    if (!m_referredText.Add(length, freeLength, m_documentSize, limit))
+        ThrowAtLine(FormatString(CReferredText::kTooMuch, limit));
 }
 
 const SXmlName* CExpatReader::FindName(const char16_t* name)
@@ -258,24 +286,30 @@ const SXmlName* CExpatReader::FindName(const char16_t* name)
     const std::size_t hash =
         full.size() * 5 + full.back() * std::size_t{37} + full[full.size() / 2 + full.size() / 4];
     SRecentNames& recent = m_recentNames[hash % m_recentNames.size()];
-    if (recent.last != nullptr && IsName(*recent.last, full))
-        return recent.last;
-    std::swap(recent.last, recent.other);
     if (recent.last == nullptr || !IsName(*recent.last, full)) {
-        const std::size_t bar = full.find(kSeparator);
-        recent.last =
-            bar == std::u16string_view::npos
-                ? m_document->GetTree().FindName({}, full)
-                : m_document->GetTree().FindName(full.substr(0, bar), full.substr(bar + 1));
+        std::swap(recent.last, recent.other);
+        if (recent.last == nullptr || !IsName(*recent.last, full)) {
+            const std::size_t bar = full.find(kSeparator);
+            recent.last =
+                bar == std::u16string_view::npos
+                    ? m_document->GetTree().FindName({}, full)
+                    : m_document->GetTree().FindName(full.substr(0, bar), full.substr(bar + 1));
+        }
     }
+    if (recent.last->uri->size() > kFreeNamespaceLength)
+        Refer(recent.last->uri->size(), kFreeNamespaceLength);
     return recent.last;
 }
 
 void CExpatReader::OnStartElement(const char16_t* name, const char16_t* const* attributes)
 {
     CXmlElement* const element = m_document->AddElement(FindName(name));
+    const char16_t* const* const defaults =
+        attributes + XML_GetSpecifiedAttributeCount(m_parser.get());
     for (; *attributes != nullptr; attributes += 2) {
         const SXmlName* const attribute = FindName(attributes[0]);
+        if (attributes >= defaults)
+            Refer(kAttributeCost + std::u16string_view(attributes[1]).size(), 0);
         const std::u16string_view value = attributes[1];
         RequireWhole(value, u"The value of the attribute [%s]", attribute->localName);
         m_document->GetTree().AddAttribute(element, attribute, value);
@@ -305,6 +339,7 @@ void CExpatReader::OnEndCData()
 void CExpatReader::OnStartNamespace(std::u16string_view prefix, std::u16string_view uri)
 {
     RequireWhole(uri, u"The namespace of the prefix [%s]", prefix);
+    Refer(uri.size(), kFreeNamespaceLength);
     m_document->SetAlias(prefix, uri);
 }
 

@@ -5,12 +5,15 @@
 // handler, external entities neither: they vanish.
 #pragma once
 
+#include "Amplification.h"
+#include "ParserHeap.h"
 #include "Utf16Input.h"
 
 #include <ZqXmlLib9/engine/InstanceMonitor.h>
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <memory>
 #include <optional>
@@ -42,7 +45,9 @@ public:
     void UseUtf16(CUtf16Input::EOrder order) { UseUtf16(CUtf16Input(order, false)); }
 
     /// Parses the next piece of the document; `final` says that it is the last.
-    /// \throws CZqException  "%s at line %d"; and whatever the building of the tree threw
+    /// \throws CZqException  "%s at line %d"; "The document refers to more text than %d times its
+    ///         own size at line %d"; "The document takes more memory than %d times its own size at
+    ///         line %d"; and whatever the building of the tree threw
     void ParseBuffer(std::span<const std::byte> data, bool final);
 
 private:
@@ -70,9 +75,15 @@ private:
     void UseUtf16(const CUtf16Input& input);
     void Feed(std::span<const std::byte> data, bool final);
     const SXmlName* FindName(const char16_t* name);
+    /// Counts a text that the document doesn't spell out.
+    void Refer(std::size_t length, std::size_t freeLength);
     [[noreturn]] void ThrowParserError();
+    [[noreturn]] void ThrowAtLine(const std::u16string& what) const;
 
     CXmlDocument* m_document;
+    std::uint64_t m_documentSize = 0;  ///< in octets, as far as it has come
+    CReferredText m_referredText;
+    CParserHeap m_heap;
     std::unique_ptr<XML_ParserStruct, SFreeParser> m_parser;
     bool m_isAtStart = true;
     std::optional<CUtf16Input> m_utf16;

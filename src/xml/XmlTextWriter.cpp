@@ -13,7 +13,6 @@ namespace {
 /// The stream is flushed once it holds so many code units.
 constexpr std::uint32_t kFlushLimit = 4096;
 
-constexpr std::u16string_view kTagEnd = u">";
 constexpr std::u16string_view kColon = u":";
 
 /// Where the run of characters ends that escaping passes as they are; a NUL ends it too.
@@ -77,7 +76,7 @@ void CXmlTextWriter::WriteXmlDeclaration()
 void CXmlTextWriter::WriteComment(std::u16string_view text)
 {
     Write(u"<!--");
-    WriteEscaped({}, text, Escaping::Text);
+    WriteEscaped(text, Escaping::Text);
     Write(u"-->");
     Write(m_eol);
     FlushIfFull();
@@ -135,9 +134,11 @@ void CXmlTextWriter::CloseStartTag()
     if (context == nullptr)
         return;
     ++context->m_childCount;
-    if (context->m_isStartTagOpen)
-        m_stream->WriteStrings(u">", LineEnd());
+    if (!context->m_isStartTagOpen)
+        return;
+    m_stream->WriteStrings(u">");
     context->m_isStartTagOpen = false;
+    Write(LineEnd());
 }
 
 void CXmlTextWriter::WriteAttribute(std::u16string_view name, std::u16string_view uri,
@@ -154,7 +155,7 @@ void CXmlTextWriter::WriteAttribute(std::u16string_view name, std::u16string_vie
         }
     }
     m_stream->WriteStrings(u" ", prefix, Colon(prefix), name, u"=\"");
-    WriteEscaped({}, value, Escaping::Attribute);
+    WriteEscaped(value, Escaping::Attribute);
     Write(u"\"");
     FlushIfFull();
 }
@@ -190,12 +191,13 @@ void CXmlTextWriter::WriteText(std::u16string_view text, ItemType)
     if (text.empty())
         return;
     CXmlWriterContext& context = RequireContext();
-    const std::u16string_view tagEnd = kTagEnd.substr(0, context.m_isStartTagOpen ? 1 : 0);
-    if (text.starts_with(kCDataStart))
-        m_stream->WriteStrings(tagEnd, text);
-    else
-        WriteEscaped(tagEnd, text, Escaping::Text);
+    if (context.m_isStartTagOpen)
+        m_stream->WriteStrings(u">");
     context.m_isStartTagOpen = false;
+    if (text.starts_with(kCDataStart))
+        Write(text);
+    else
+        WriteEscaped(text, Escaping::Text);
     FlushIfFull();
 }
 
@@ -222,11 +224,9 @@ void CXmlTextWriter::Write(std::u16string_view text)
     m_stream->WriteString(text);
 }
 
-/// \param before  written in front, as it is
-void CXmlTextWriter::WriteEscaped(std::u16string_view before, std::u16string_view text,
-                                  Escaping escaping)
+void CXmlTextWriter::WriteEscaped(std::u16string_view text, Escaping escaping)
 {
-    while (true) {
+    for (std::u16string_view before;;) {
         const std::size_t run = PlainLength(text);
         m_stream->WriteStrings(before, text.substr(0, run));
         if (run == text.size() || text[run] == u'\0')

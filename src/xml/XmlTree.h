@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <functional>
 #include <memory>
 #include <new>
@@ -122,6 +123,19 @@ private:
         std::u16string text;
     };
 
+    /// Any order will do, so the quickest: long names that begin alike cost little.
+    struct STextOrder {
+        using is_transparent = void;
+
+        bool operator()(std::u16string_view left, std::u16string_view right) const
+        {
+            const std::size_t length = left.size() * sizeof(char16_t);
+            return left.size() != right.size()
+                       ? left.size() < right.size()
+                       : length != 0 && std::memcmp(left.data(), right.data(), length) < 0;
+        }
+    };
+
     struct SNameKey {
         const std::u16string* uri;
         std::u16string_view localName;
@@ -138,7 +152,8 @@ private:
         {
             const SNameKey l = KeyOf(left);
             const SNameKey r = KeyOf(right);
-            return l.uri != r.uri ? std::less<>()(l.uri, r.uri) : l.localName < r.localName;
+            return l.uri != r.uri ? std::less<>()(l.uri, r.uri)
+                                  : STextOrder()(l.localName, r.localName);
         }
     };
 
@@ -152,7 +167,7 @@ private:
     CNodePool<CXmlElement> m_elements;
     CNodePool<CXmlAttribute> m_attributes;
     // Ordered, since a document could choose its names to collide in a hash table.
-    std::set<std::u16string, std::less<>> m_uris;
+    std::set<std::u16string, STextOrder> m_uris;
     std::set<SXmlName, SNameOrder> m_names;
 };
 

@@ -21,11 +21,6 @@ CSmartPtr<CLetter> MakeLetter()
     return new CLetter(u"J\u00F3n", u"", body.c_str());
 }
 
-std::string OctetsOf(const CBinaryData& data)
-{
-    return {reinterpret_cast<const char*>(data.GetData()), data.GetLength()};
-}
-
 template <typename TLoad>
 void ExpectBack(const CLetter& written, TLoad load)
 {
@@ -49,7 +44,7 @@ TEST(Documents, ComeBackByEveryRoadOfText)
         [&](CLetter& read) {
             read.FromXmlStream(reinterpret_cast<unsigned char*>(utf8.data()), utf8.size());
         },
-        [&](CLetter& read) { read.FromXmlStream(std::as_bytes(std::span(utf8))); },
+        [&](CLetter& read) { read.FromXmlStream(Bytes(utf8)); },
         [&](CLetter& read) { read.FromXmlElement(element); },
     };
     for (const auto& road : roads)

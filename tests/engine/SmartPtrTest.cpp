@@ -49,9 +49,9 @@ TEST(SmartPtr, TakesHoldOfTheNewBeforeItLetsTheOldGo)
 }
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr std::size_t kSmallStack = 1024 * 1024;  // the sanitizers make every frame larger
+constexpr std::size_t kSmallStack = 1 << 20;  // the sanitizers make every frame larger
 #else
-constexpr std::size_t kSmallStack = 256 * 1024;
+constexpr std::size_t kSmallStack = 256 << 10;
 #endif
 
 /// Owners in a row, each with a leaf beside the next; the last holder lets go on a small stack.

@@ -10,23 +10,13 @@
 namespace ZqXmlLib9 {
 namespace {
 
-CBinaryData Data(std::string_view octets)
-{
-    return CBinaryData(std::as_bytes(std::span(octets)));
-}
-
-bool Inflate(std::string_view stream, CBinaryData& data, std::uint64_t limit)
-{
-    return CZqZip::Decompress(std::as_bytes(std::span(stream)), data, limit);
-}
-
 class Wrapper : public testing::TestWithParam<std::pair<CompressionType, unsigned char>> {};
 
 TEST_P(Wrapper, HoldsWhatGetsShorter)
 {
     const CompressionType type = GetParam().first;
     for (std::uint32_t size = 0; size < 400'000; size += size < 64 ? 1 : 99'999) {
-        const CBinaryData plain = Data(std::string(size, 'x'));
+        const CBinaryData plain(Bytes(std::string(size, 'x')));
         CBinaryData data = plain;
         std::uint32_t length = size;
         unsigned char* array = CBinaryData(plain).ReleaseData();
@@ -50,28 +40,31 @@ TEST_P(Wrapper, HoldsWhatGetsShorter)
 
 TEST_P(Wrapper, IsOpenedOnlyIfItIsWhole)
 {
-    const CBinaryData plain = Data(std::string(500, 'x'));
+    const CBinaryData plain(Bytes(std::string(500, 'x')));
     CBinaryData whole = plain;
     CZqZip::Compress(whole, GetParam().first);
-    const std::string stream(reinterpret_cast<const char*>(whole.GetData()), whole.GetLength());
+    const std::string stream = OctetsOf(whole);
     CBinaryData inflated = plain;
+    const auto inflate = [&](std::string_view octets, std::uint64_t limit) {
+        return CZqZip::Decompress(Bytes(octets), inflated, limit);
+    };
     for (std::size_t length = 0; length < stream.size(); ++length)
-        EXPECT_FALSE(Inflate(stream.substr(0, length), inflated, 500));
+        EXPECT_FALSE(inflate(stream.substr(0, length), 500));
     // A damaged octet is noticed, unless it says nothing about the data.
     for (std::size_t bit = 0; bit < 8 * stream.size(); ++bit) {
         std::string damaged = stream;
         damaged[bit / 8] = static_cast<char>(damaged[bit / 8] ^ (1 << bit % 8));
-        Inflate(damaged, inflated, CZqZip::kMaxInflatedSize);
+        inflate(damaged, CZqZip::kMaxInflatedSize);
         EXPECT_EQ(inflated, plain) << bit;
     }
     for (const unsigned limit : {499u, 0u})
-        EXPECT_EQ(MessageOf([&] { Inflate(stream, inflated, limit); }),
-                  "The compressed data is larger than " + std::to_string(limit)
-                      + " octets when inflated");
+        EXPECT_EQ(MessageOf([&] { inflate(stream, limit); }), "The compressed data is larger than "
+                                                                  + std::to_string(limit)
+                                                                  + " octets when inflated");
     // Never read: the length alone is too much.
-    EXPECT_THROW(Inflate({stream.data(), std::size_t{1} << 32}, inflated, 1), CZqOverFlowException);
+    EXPECT_THROW(inflate({stream.data(), std::size_t{1} << 32}, 1), CZqOverFlowException);
     inflated.Clear();
-    EXPECT_TRUE(Inflate(stream + stream + "<a/>", inflated, 500)) << "the rest is ignored";
+    EXPECT_TRUE(inflate(stream + stream + "<a/>", 500)) << "the rest is ignored";
     EXPECT_EQ(inflated, plain);
 }
 

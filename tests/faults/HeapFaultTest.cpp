@@ -133,8 +133,7 @@ void FillStream(Run& run)
         [&] {
             stream.Open();
             stream.WriteString(text);
-            const CBinaryData data = stream.GetEncodedData();
-            octets.assign(reinterpret_cast<const char*>(data.GetData()), data.GetLength());
+            octets = OctetsOf(stream.GetEncodedData());
         },
         [&] { EXPECT_EQ(std::u16string(stream.GetText()).size(), stream.GetPendingLength()); });
     EXPECT_TRUE(octets == U8(text));

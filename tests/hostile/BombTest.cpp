@@ -18,7 +18,7 @@ using namespace std::string_literals;
 void Turn(const std::string& document)
 {
     const CSmartPtr<CElement> element = new CElement(u""), copy = new CElement(u"");
-    element->FromXmlStream(Octets(document));
+    element->FromXmlStream(Bytes(document));
     element->Clone()->ToXmlStream(true, false);
     copy->FromXmlStream(element->ToFastInfosetStream());
 }
@@ -36,16 +36,16 @@ template <typename TObject>
 void TurnObject(const std::string& document)
 {
     const CSmartPtr<TObject> object = new TObject();
-    object->FromXmlStream(Octets(document));
+    object->FromXmlStream(Bytes(document));
     object->FromXmlStream(object->ToXmlStream());
     object->FromXmlStream(object->ToFastInfosetStream());
 }
 
 void Inflate(const std::string& document)
 {
-    CBinaryData data(Octets(document));
+    CBinaryData data(Bytes(document));
     CZqZip::Compress(data, CompressionType_GZIP);
-    Turn(ToString(data));
+    Turn(OctetsOf(data));
 }
 
 /// Reads and prints a value, and tests it against itself as a bound.
@@ -73,6 +73,9 @@ const std::string kOrders =
     "<customer><name/><address><street/><city/><zip/><country/></address></customer><item><sku/>"
     "<description/><quantity>1</quantity><price>1</price></item>";
 const std::string kFastInfoset("\xE0\0\0\1\0\x3C\0r", 8);
+const std::string kLong(10'000, 'u');
+const char* const kTooMuchText =
+    "The document refers to more text than 100 times its own size at line 1";
 const std::string kLongText = "\x93\0\0\0\0"s + std::string(259, 'x');  // and its index
 
 /// Behind a head, a piece many times, in which "#" is the number of the repetition, and a tail.
@@ -112,6 +115,13 @@ const SBomb kBombs[] = {
     {"Extensions", 100, kGpx + "<extensions>", "<p:e xmlns:p='urn:#' p:n='#'>#</p:e>",
      "</extensions></gpx>", TurnObject<Gpx::CGpx>},
     {"Tags", 500, kOrders, "<tag>#</tag>", "</order></orders>", TurnObject<Orders::COrders>},
+    {"LongNamespace", 1000, "<r xmlns='" + kLong + "'>", "<a/>", "</r>", Turn, kTooMuchText},
+    {"LongNamespaceOfAttributes", 2000, "<r xmlns:p='" + kLong + "'", " p:a#=''", "/>", Turn,
+     "The document takes more memory than 100 times its own size at line 1"},
+    {"LongDefault", 1000, "<!DOCTYPE r [<!ATTLIST a b CDATA '" + kLong + "'>]><r>", "<a/>", "</r>",
+     Turn, kTooMuchText},
+    {"Chunks", 100'000, kFastInfoset + "\x92\x3D" + std::string(64, 'x'), "\xA0", "\xF0", Turn,
+     "Failed to parse FastInfoset. The document refers to more text than 100 times its own size."},
     {"Thousandfold", 50'000, "<r>", " ", "</r>", Inflate},
     {"Decimal", 20'000, "", "7", "", TurnValue<ItemType_decimal>},
     {"Double", 20'000, "", "7", "", TurnValue<ItemType_r8>},

@@ -60,12 +60,12 @@ TEST_P(Sample, IsRefusedWhereItIsCutAndMayHaveAnyOtherOctet)
 {
     const auto& [name, isGpx, write, step] = GetParam();
     const auto canRead = [isGpx = isGpx](std::string_view document) {
-        const auto read = [&] { return MakeObject(isGpx)->FromXmlStream(Octets(document)), ""; };
+        const auto read = [&] { return MakeObject(isGpx)->FromXmlStream(Bytes(document)), ""; };
         return TextOrMessage(read).empty();
     };
     const CSmartPtr<CXmlObjectBase> object = MakeObject(isGpx);
     object->FromXmlFile(isGpx ? u"" EXAMPLES "/gpx/sample.gpx" : u"" EXAMPLES "/orders/orders.xml");
-    std::string document = ToString(write(*object));
+    std::string document = OctetsOf(write(*object));
     ASSERT_TRUE(canRead(document));
     // What stands behind the root isn't needed.
     const std::size_t end = document.find_last_not_of(std::string_view("\n\0\xF0", 3)) + 1;

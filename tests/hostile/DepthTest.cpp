@@ -51,12 +51,12 @@ std::string Go(EWhat what, bool isText, bool isRead, std::size_t levels)
 {
     const std::string document =
         isText ? Times(levels, "<e>") + Times(levels, "</e>")
-               : "\xE0\0\0\1\0\x3C\0e"s + Times(levels - 1, {"", 1}) + Times(levels, "\xF0");
+               : "\xE0\0\0\1\0\x3C\0e"s + Times(levels - 1, {"\0", 1}) + Times(levels, "\xF0");
     return TextOrMessage([&] {
         if (isRead && what == Tree)
-            CXmlDocument().LoadXmlStream(Octets(document));
+            CXmlDocument().LoadXmlStream(Bytes(document));
         else if (isRead)
-            Build(what, 1)->FromXmlStream(Octets(document));
+            Build(what, 1)->FromXmlStream(Bytes(document));
         else
             isText ? Build(what, levels)->ToXmlStream()
                    : Build(what, levels)->ToFastInfosetStream();

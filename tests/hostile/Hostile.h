@@ -6,7 +6,6 @@
 #include <ZqXmlLib9/ZqXmlLib9.h>
 
 #include <cstdlib>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -15,16 +14,6 @@ inline std::size_t GetScale()
 {
     const char* const scale = std::getenv("ZQXML_HOSTILE_SCALE");
     return scale != nullptr ? std::strtoul(scale, nullptr, 10) : 1;
-}
-
-inline std::span<const std::byte> Octets(std::string_view text)
-{
-    return std::as_bytes(std::span(text));
-}
-
-inline std::string ToString(const ZqXmlLib9::CBinaryData& data)
-{
-    return {reinterpret_cast<const char*>(data.GetData()), data.GetLength()};
 }
 
 inline std::string Times(std::size_t count, std::string_view text)

@@ -9,6 +9,12 @@
 
 namespace TestModel {
 
+inline constexpr auto kSequence = XmlElementGroupType_Sequence;
+inline constexpr auto kChoice = XmlElementGroupType_Choice;
+inline constexpr auto kAll = XmlElementGroupType_All;
+inline constexpr auto kTag = XmlElementType_Element;
+inline constexpr auto kPseudo = XmlElementType_Pseudo;
+
 /// By class: 0 an item; 1 a group without a tag, a sequence of the elements a and b, both mandatory;
 /// 2 a choice that must not be empty.
 inline CSmartPtr<CXmlObjectBase> MakeByClass(int classId, const char16_t*)

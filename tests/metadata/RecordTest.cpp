@@ -11,12 +11,6 @@ namespace {
 
 using namespace TestModel;
 
-constexpr auto kTag = XmlElementType_Element;
-constexpr auto kGroup = XmlElementType_Pseudo;
-constexpr auto kInSequence = XmlElementGroupType_Sequence;
-constexpr auto kInChoice = XmlElementGroupType_Choice;
-constexpr auto kInAll = XmlElementGroupType_All;
-
 /// A record of an element e as the first one of a class, and its property before the read.
 struct SRecord {
     void (*add)(CClass&);
@@ -64,10 +58,10 @@ const std::map<std::string, SRecord> kSequenceRecords{
     {"EnumOpt", {kColour<CElementInfoSeqEnumOpt>, kNothing}},
     {"ClsMnd", {kMnd<CElementInfoSeqClsMnd>, kItem}},
     {"ClsMndWithoutObject", {kMnd<CElementInfoSeqClsMnd>, kNothing}},
-    {"Group", {kMnd<CElementInfoSeqClsMnd, kGroup>, kGroupObject}},
-    {"GroupRequired", {kMnd<CElementInfoSeqClsMnd, kGroup, true>, kGroupObject}},
+    {"Group", {kMnd<CElementInfoSeqClsMnd, kPseudo>, kGroupObject}},
+    {"GroupRequired", {kMnd<CElementInfoSeqClsMnd, kPseudo, true>, kGroupObject}},
     {"ClsOpt", {kOpt<CElementInfoSeqClsOpt>, kNothing}},
-    {"GroupOpt", {kOpt<CElementInfoSeqClsOpt, kGroup, 1>, kNothing}},
+    {"GroupOpt", {kOpt<CElementInfoSeqClsOpt, kPseudo, 1>, kNothing}},
     {"AbsMnd", {kAbs<CElementInfoSeqAbsClsMnd>, kNothing}},
     {"AbsOpt", {kAbs<CElementInfoSeqAbsClsOpt>, kNothing}},
     {"AnyMnd", {kOpen<CElementInfoSeqUntpdMnd>, kOpenElement}},
@@ -80,7 +74,7 @@ const std::map<std::string, SRecord> kChoiceRecords{
     {"Enum", {kColour<CElementInfoChoiceEnumOpt>, kNothing}},
     {"Cls", {kOpt<CElementInfoChoiceClsOpt>, kNothing}},
     {"StrictChoice", {kOpt<CElementInfoChoiceClsOpt, kTag, 2>, kNothing}},
-    {"Group", {kOpt<CElementInfoChoiceClsOpt, kGroup, 1>, kNothing}},
+    {"Group", {kOpt<CElementInfoChoiceClsOpt, kPseudo, 1>, kNothing}},
     {"Abs", {kAbs<CElementInfoChoiceAbsClsOpt>, kNothing}},
     {"Any", {kOpen<CElementInfoChoiceUntpdOpt>, kNothing}},
     {"Open", {kOpen<CElementInfoChoiceUntpdOpt, false>, kNothing}},
@@ -92,9 +86,9 @@ const std::map<std::string, SRecord> kAllRecords{
     {"EnumOpt", {kColour<CElementInfoAllEnumOpt>, kNothing}},
     {"ClsMnd", {kMnd<CElementInfoAllClsMnd, kTag, true>, kItem}},
     {"ClsMndNotRequired", {kMnd<CElementInfoAllClsMnd>, kItem}},
-    {"Group", {kMnd<CElementInfoAllClsMnd, kGroup>, kGroupObject}},
+    {"Group", {kMnd<CElementInfoAllClsMnd, kPseudo>, kGroupObject}},
     {"ClsOpt", {kOpt<CElementInfoAllClsOpt>, kNothing}},
-    {"GroupOpt", {kOpt<CElementInfoAllClsOpt, kGroup, 1>, kNothing}},
+    {"GroupOpt", {kOpt<CElementInfoAllClsOpt, kPseudo, 1>, kNothing}},
     {"AbsMnd", {kAbs<CElementInfoAllAbsClsMnd, 0>, kNothing}},
     {"AbsOpt", {kAbs<CElementInfoAllAbsClsOpt>, kNothing}},
     {"AnyMnd", {kOpen<CElementInfoAllUntpdMnd>, kOpenElement}},
@@ -103,7 +97,7 @@ const std::map<std::string, SRecord> kAllRecords{
 
 // A record; flags of the context, "g" in a group without a tag, "o" as the only element; the
 // content; the properties of the record and of the element z behind it, or the last message.
-const char* const kSequence = R"(
+const char* const kSequenceRows = R"(
 PrimMnd | <e>1</e><z/> | 1 ''
 PrimMnd | <z/><e>1</e> | required e
 PrimMnd | | required e
@@ -163,7 +157,7 @@ AnyCol m | <q/><z/> | [2] -
 OpenCol | <e/><e xmlns='urn:q'/><z/> | required z
 OpenCol | | The Minimum number of [] elements allowed in this collection is 1
 )";
-const char* const kChoice = R"(
+const char* const kChoiceRows = R"(
 Enum | <e>blue</e> | #2 -
 Enum | <z>1</z> | - 1
 Enum | <e>blue</e><x/> | left x
@@ -190,7 +184,7 @@ Col oc | <x/> | left x
 Col ou | <x/> | none r
 OpenCol | <z>1</z> | [0] 1
 )";
-const char* const kAll = R"(
+const char* const kAllRows = R"(
 PrimMnd | <z/><e>1</e> | 1 ''
 PrimMnd | <z/><z/><e>1</e> | mandatory e
 PrimMnd | <z/><e>1</e><x/> | left x
@@ -222,16 +216,16 @@ std::string Read(XmlElementGroupType group, const SRecord& record, const std::st
                  const std::string& content)
 {
     const auto has = [&](char flag) { return flags.find(flag) != std::string::npos; };
-    CClass type(Info(group, has('g') ? kGroup : kTag), u"urn:parent");
+    CClass type(Info(group, has('g') ? kPseudo : kTag), u"urn:parent");
     record.add(type);
-    if (group == kInSequence)
+    if (group == kSequence)
         type.Text(u"z", 1);
-    else if (group == kInAll)
+    else if (group == kAll)
         type.Text<CElementInfoAllPrimOpt>(u"z", 1);
     else if (!has('o'))
         type.Text<CElementInfoChoicePrimOpt>(u"z", 1);
     CClass outer(Info());
-    outer.Child(u"group", 0, kGroup);
+    outer.Child(u"group", 0, kPseudo);
     const CSmartPtr<CCustom> object = new CCustom(type, u"r");
     (*object)[0] = record.property();
     const CSmartPtr<CCustom> root = has('g') ? new CCustom(outer) : object;
@@ -247,9 +241,9 @@ std::string Read(XmlElementGroupType group, const SRecord& record, const std::st
 TEST(Record, ReadsAsItsCellSays)
 {
     for (const auto& [group, records, rows] :
-         {std::tuple(kInSequence, &kSequenceRecords, kSequence),
-          {kInChoice, &kChoiceRecords, kChoice},
-          {kInAll, &kAllRecords, kAll}}) {
+         {std::tuple(kSequence, &kSequenceRecords, kSequenceRows),
+          {kChoice, &kChoiceRecords, kChoiceRows},
+          {kAll, &kAllRecords, kAllRows}}) {
         std::istringstream lines(rows);
         for (std::string line; std::getline(lines, line);) {
             if (line.empty())
@@ -269,17 +263,17 @@ TEST(Record, ReadsAsItsCellSays)
 TEST(Record, StoresWhenItsKindDoes)
 {
     for (const auto& [group, record, flags, content, log] :
-         {std::tuple(kInSequence, kSequenceRecords.at("ClsOpt"), "", "<e>1</e><z/>",
+         {std::tuple(kSequence, kSequenceRecords.at("ClsOpt"), "", "<e>1</e><z/>",
                      "r init; item init; e set 0; r set 0; r set 1; "),
-          {kInSequence, kSequenceRecords.at("ClsMnd"), "", "<e>1</e><z/>",
+          {kSequence, kSequenceRecords.at("ClsMnd"), "", "<e>1</e><z/>",
            "r init; item init; e set 0; r set 1; "},
-          {kInChoice, kChoiceRecords.at("Cls"), "", "<e>1</e>",
+          {kChoice, kChoiceRecords.at("Cls"), "", "<e>1</e>",
            "r init; r set 0; item init; e set 0; "},
-          {kInChoice, kChoiceRecords.at("Group"), "", "", "r init; "},
-          {kInChoice, kChoiceRecords.at("Group"), "u", "<x/>",
+          {kChoice, kChoiceRecords.at("Group"), "", "", "r init; "},
+          {kChoice, kChoiceRecords.at("Group"), "u", "<x/>",
            "r init; r set 0; group init; r set 0; "},
-          {kInChoice, kChoiceRecords.at("Abs"), "u", "<e/>", "r init; r set 0; "},
-          {kInAll, kAllRecords.at("ClsOpt"), "", "<e>1</e>",
+          {kChoice, kChoiceRecords.at("Abs"), "u", "<e/>", "r init; r set 0; "},
+          {kAll, kAllRecords.at("ClsOpt"), "", "<e>1</e>",
            "r init; item init; e set 0; r set 0; "}}) {
         Read(group, record, flags, content);
         EXPECT_EQ(CCustom::s_log, log);
@@ -288,7 +282,7 @@ TEST(Record, StoresWhenItsKindDoes)
 
 TEST(Record, WritesAnEmptyChoiceBelowAChoiceAndWhatItCanNotRead)
 {
-    CClass choice(Info(kInChoice)), sequence(Info()), all(Info(kInAll));
+    CClass choice(Info(kChoice)), sequence(Info()), all(Info(kAll));
     kOpt<CElementInfoChoiceClsOpt, kTag, 2>(choice);
     sequence.Child(u"strict", 0);
     kAbs<CElementInfoAllAbsClsMnd, 0>(all);

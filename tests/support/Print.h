@@ -3,9 +3,11 @@
 
 #include <ZqXmlLib9/engine/Exceptions.h>
 #include <ZqXmlLib9/engine/Text.h>
+#include <ZqXmlLib9/types/BinaryData.h>
 
 #include <gtest/gtest.h>
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <typeinfo>
@@ -14,6 +16,17 @@
 inline std::string U8(std::u16string_view text)
 {
     return ZqXmlLib9::ToUtf8(text);
+}
+
+/// Octets as the library takes them, and as tests compare them.
+inline std::span<const std::byte> Bytes(std::string_view octets)
+{
+    return std::as_bytes(std::span(octets));
+}
+
+inline std::string OctetsOf(const ZqXmlLib9::CBinaryData& data)
+{
+    return {reinterpret_cast<const char*>(data.GetData()), data.GetLength()};
 }
 
 /// What a step throws as `TException`, as the full message in UTF-8; a test failure if it doesn't.

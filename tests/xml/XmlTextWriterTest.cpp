@@ -1,6 +1,6 @@
 // What a text writer puts on its stream, event by event, and the buffer of the stream.
 
-#include "support/Print.h"
+#include "support/EventScript.h"
 
 #include <ZqXmlLib9/xml/TextStream.h>
 #include <ZqXmlLib9/xml/XmlTextWriter.h>
@@ -16,14 +16,6 @@ namespace {
 
 using namespace std::string_view_literals;
 
-/// Cuts a text at a separator and gives what stands in front of it.
-std::u16string_view Take(std::u16string_view& text, char16_t separator)
-{
-    const std::u16string_view head = text.substr(0, text.find(separator));
-    text.remove_prefix(std::min(head.size() + 1, text.size()));
-    return head;
-}
-
 /// A writer without format on a stream that keeps its calls with the code units pending at each.
 struct SScript : CTextStream {
     explicit SScript(XmlEncoding encoding = XmlEncoding_None) : CTextStream(encoding)
@@ -33,39 +25,18 @@ struct SScript : CTextStream {
     void Close() override { calls += "Close" + std::to_string(GetPendingLength()); }
     void Flush() override { calls += "Flush" + std::to_string(GetPendingLength()); }
 
-    /// Writes events with blanks between them, a character for the kind and arguments behind it.
-    ///
-    ///     <name|uri    start of an element   @name|uri=value  attribute    'text  text
-    ///     >            end of it             :name|uri        xsi:type     0      xsi:nil
-    ///     +prefix|uri  alias                 *uri     default namespace    ?text  instruction
-    ///     !text        comment               #text    in-line schema       =text  raw line
-    ///     ^            XML declaration       /        end of the start tag
+    /// Besides the events of every writer: ^ the XML declaration, =text a raw line, / the end of the
+    /// start tag.
     SScript& Write(std::u16string_view events)
     {
-        while (!events.empty()) {
-            const std::u16string_view event = Take(events, u' ');
-            const std::u16string_view arguments = event.substr(1);
-            std::u16string_view value = arguments;
-            std::u16string_view uri = Take(value, u'=');
-            const std::u16string_view name = Take(uri, u'|');
-            switch (event[0]) {
-            case u'<': writer.WriteStartElement(name, uri); break;
-            case u'>': writer.WriteEndElement(); break;
-            case u'@': writer.WriteAttribute(name, uri, value, ItemType_string); break;
-            case u'\'': writer.WriteText(arguments, ItemType_string); break;
-            case u':': writer.WriteXsiType(uri, name, ItemType_string); break;
-            case u'0': writer.WriteXsiNil(); break;
-            case u'+': writer.AddNamespaceAlias(name, uri); break;
-            case u'*': writer.SetDefaultNamespace(arguments); break;
-            case u'?': writer.WriteProcessingInstruction(arguments); break;
-            case u'!': writer.WriteComment(arguments); break;
-            case u'#': writer.WriteInLineSchema(arguments); break;
-            case u'=': writer.WriteRawLine(arguments); break;
+        WriteEvents(writer, events, [&](char16_t mark, std::u16string_view arguments) {
+            switch (mark) {
             case u'^': writer.WriteXmlDeclaration(); break;
+            case u'=': writer.WriteRawLine(arguments); break;
             case u'/': writer.CloseStartTag(); break;
-            default: ADD_FAILURE() << "unknown event " << U8(event);
+            default: ADD_FAILURE() << "unknown event " << static_cast<char>(mark);
             }
-        }
+        });
         return *this;
     }
 

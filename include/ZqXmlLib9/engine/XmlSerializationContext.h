@@ -135,10 +135,11 @@ public:
     /// 4 GiB are refused whatever stands here.
     std::uint64_t GetMaxInflatedSize() const { return m_maxInflatedSize; }
     void SetMaxInflatedSize(std::uint64_t octets) { m_maxInflatedSize = octets; }
-    /// How many times its own size a Fast Infoset document may deliver in text by naming entries of
-    /// its tables, once that text has passed 8 MiB; of each such text 64 code units don't count.
-    /// Default 100: a short document that names a long text a million times must not exhaust the
-    /// memory.
+    /// How many times its own size the text may be that a document refers to and doesn't spell out,
+    /// once that has passed 8 MiB. Default 100: a short document that names a long text a million
+    /// times must not exhaust the memory. Such texts are: the namespace of each name beyond 256 code
+    /// units; default values of attributes; what Fast Infoset delivers by index, of names and
+    /// attribute values beyond 64 code units each.
     int GetMaxAmplification() const { return m_maxAmplification; }
     void SetMaxAmplification(int times) { m_maxAmplification = times; }
 

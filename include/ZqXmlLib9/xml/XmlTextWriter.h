@@ -75,7 +75,7 @@ private:
     enum class Escaping { Text, Attribute };
 
     void Write(std::u16string_view text);
-    void WriteEscaped(std::u16string_view before, std::u16string_view text, Escaping escaping);
+    void WriteEscaped(std::u16string_view text, Escaping escaping);
     std::u16string_view LineEnd() const;
     std::u16string_view Indent(std::uint32_t depth);
     static std::u16string_view Colon(std::u16string_view prefix);

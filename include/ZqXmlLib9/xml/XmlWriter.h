@@ -38,10 +38,12 @@ public:
     /// \throws CZqException  "An Element has not been closed."
     virtual void Close();
 
-    /// Writes nothing. Before the root, the root declares it.
+    /// Writes nothing. Before the root, the root declares it. An open element keeps the prefix that
+    /// its start tag has.
     virtual void SetDefaultNamespace(std::u16string_view uri);
     /// Writes nothing. Before the root, the root declares it. An empty prefix takes the alias of
-    /// the URI back. The namespace of XML itself keeps its prefix `xml` (Namespaces in XML 1.0, 3).
+    /// the URI back. The namespace of XML itself keeps its prefix `xml` (Namespaces in XML 1.0, 3),
+    /// and an open element that of its start tag.
     virtual void AddNamespaceAlias(std::u16string_view prefix, std::u16string_view uri);
 
     virtual void WriteComment(std::u16string_view text) = 0;
