@@ -12,7 +12,7 @@ namespace ZqXmlLib9 {
 constexpr std::uint64_t kFreeAmplification = std::uint64_t{8} << 20;
 
 /// In code units: so much of the name of a namespace costs little more than the node that it is for.
-constexpr std::size_t kFreeNamespaceLength = 256;
+constexpr std::size_t kFreeNamespaceLength = 128;
 
 /// Counts the text that a document names without spelling it out: namespaces by their prefixes,
 /// default values of attributes, entries of tables.
