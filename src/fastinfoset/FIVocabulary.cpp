@@ -1,6 +1,9 @@
 #include "../engine/XmlNames.h"
+#include "../platform/KeyedHash.h"
 
 #include <ZqXmlLib9/fastinfoset/FIVocabulary.h>
+
+#include <span>
 
 namespace ZqXmlLib9 {
 namespace {
@@ -21,6 +24,11 @@ void MakeRoom(TEntries& entries)
 }
 
 }  // namespace
+
+std::size_t CFIVocabulary::stringhash::operator()(std::u16string_view text) const noexcept
+{
+    return HashWithKey(std::as_bytes(std::span(text)));
+}
 
 CFIVocabulary::CFIVocabulary() : m_alphabets{u"0123456789-+.e ", u"0123456789-:TZ "}
 {

@@ -377,7 +377,7 @@ std::u16string_view CFastInfosetReader::TakeValue(bool isIndex, Table& table,
     if (isIndex)
         return m_index == 0 ? std::u16string_view() : Deliver(At(table, m_index), freeLength);
     if (m_isAddedToTable)
-        table.Append(m_value);
+        CFIVocabulary::AddValueToVector(m_value, table);
     return m_value;
 }
 
@@ -541,6 +541,8 @@ void CFastInfosetReader::ReadEncodedString(Octets octets, std::uint32_t algorith
     else
         m_value = CFastInfosetBinaryData::GetAsString(
             algorithm, {reinterpret_cast<const unsigned char*>(octets.data()), octets.size()});
+    // Booleans take a bit each.
+    Deliver(m_value, 8 * octets.size());
 }
 
 CFastInfosetReader::Octets CFastInfosetReader::ReadOctetString(NumberRanges ranges, unsigned bits,

@@ -15,6 +15,9 @@
 namespace ZqXmlLib9 {
 namespace {
 
+/// So many digits may the exponent of a decimal make.
+constexpr std::size_t kMaxScaledDigits = 1000;
+
 /// The text under a white space rule; it is copied only where the rule changes it.
 class CRuledText {
 public:
@@ -290,7 +293,10 @@ std::u16string CConversions::decimalToString(const CDecimal& value, const char16
 
 CDecimal CConversions::decimalFromString(std::u16string_view text, WhitespaceRule rule)
 {
-    return CDecimal(*CRuledText(rule, text));
+    const CRuledText ruled(rule, text);
+    CDecimal value;
+    value.Parse(*ruled, static_cast<std::int64_t>(std::max(kMaxScaledDigits, (*ruled).size())));
+    return value;
 }
 
 std::u16string CConversions::integerToString(const CBigInteger& value)

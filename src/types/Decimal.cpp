@@ -159,7 +159,7 @@ CDecimal::CDecimal(const char16_t* text) : CDecimal(TextOrEmpty(text)) {}
 
 CDecimal::CDecimal(std::u16string_view text)
 {
-    Parse(text);
+    Parse(text, kMaxScaledDigits);
 }
 
 CDecimal CDecimal::FromDouble(double value)
@@ -180,7 +180,7 @@ void CDecimal::SetMaxDecimalPlaces(std::int32_t places)
     s_maxPlaces.store(places, std::memory_order_relaxed);
 }
 
-void CDecimal::Parse(std::u16string_view text)
+void CDecimal::Parse(std::u16string_view text, std::int64_t maxScaledDigits)
 {
     CScanner scanner(text);
     const SParts parts = scanner.Run();
@@ -195,14 +195,14 @@ void CDecimal::Parse(std::u16string_view text)
     m_unscaled = CBigInteger(parts.isNegative ? -1 : 1, std::move(digits));
     m_places = places;
     if (!parts.exponent.empty()) {
-        if (!Scale(ReadExponent(parts.exponent), parts.isExponentNegative))
+        if (!Scale(ReadExponent(parts.exponent), parts.isExponentNegative, maxScaledDigits))
             scanner.Fail(parts.exponentMark);
         CleanAndCap();
     }
     CleanAndCap();
 }
 
-bool CDecimal::Scale(std::int64_t exponent, bool isNegative)
+bool CDecimal::Scale(std::int64_t exponent, bool isNegative, std::int64_t maxScaledDigits)
 {
     Digits& digits = m_unscaled.m_digits;
     if (isNegative) {
@@ -214,7 +214,7 @@ bool CDecimal::Scale(std::int64_t exponent, bool isNegative)
     }
     else if (!m_unscaled.IsZero()) {
         const std::int64_t inFront = CBigInteger::Position(digits) - std::int64_t{m_places};
-        if (exponent > 0 && inFront + exponent > kMaxScaledDigits)
+        if (exponent > 0 && inFront + exponent > maxScaledDigits)
             return false;
         const std::int64_t taken = std::min<std::int64_t>(exponent, m_places);
         CBigInteger::ShiftLeft(digits, static_cast<unsigned>(exponent - taken));

@@ -52,10 +52,14 @@ constexpr std::array<SReplacement, 10> kTranslation{{
 
 std::string Translate(std::string pattern)
 {
-    for (const auto& [found, replacement] : kTranslation)
-        for (std::size_t at = pattern.find(found); at != std::string::npos;
-             at = pattern.find(found, at + replacement.size()))
-            pattern.replace(at, found.size(), replacement);
+    for (const auto& [found, replacement] : kTranslation) {
+        std::string translated;
+        std::size_t start = 0;
+        for (std::size_t at; (at = pattern.find(found, start)) != std::string::npos;
+             start = at + found.size())
+            translated.append(pattern, start, at - start).append(replacement);
+        pattern = translated.append(pattern, start);
+    }
     return pattern;
 }
 
@@ -91,8 +95,10 @@ Owned<pcre2_code> Compile(const std::string& pattern)
 {
     int error = 0;
     PCRE2_SIZE offset = 0;
+    // Runs that are never given back wouldn't count as steps, however often they are tried.
+    constexpr std::uint32_t kOptions = PCRE2_UTF | PCRE2_NO_AUTO_POSSESS;
     pcre2_code* const code =
-        pcre2_compile(ToUnits(pattern), pattern.size(), PCRE2_UTF, &error, &offset, nullptr);
+        pcre2_compile(ToUnits(pattern), pattern.size(), kOptions, &error, &offset, nullptr);
     if (code == nullptr) {
         ThrowIfOutOfMemory(error == PCRE2_ERROR_HEAP_FAILED);
         std::array<PCRE2_UCHAR, 256> message{};

@@ -31,6 +31,9 @@ constexpr std::size_t kMaxPiece = std::size_t{1} << 30;
 /// How many times the size of the document the memory of the parser may be, beyond what is free.
 constexpr int kMaxMemory = 100;
 
+/// Expat goes through the attributes that are declared for an element at each of its kind.
+constexpr int kMaxDeclaredAttributes = 1024;
+
 /// In code units: what a default value of an attribute costs besides its text.
 constexpr std::size_t kAttributeCost = 32;
 
@@ -162,6 +165,12 @@ struct SExpatCallbacks {
             });
     }
 
+    static void XMLCALL AttributeDeclaration(void* userData, const XML_Char*, const XML_Char*,
+                                             const XML_Char*, const XML_Char*, int)
+    {
+        Guard(userData, [](CExpatReader& reader) { reader.OnAttributeDeclaration(); });
+    }
+
     static void XMLCALL EndNamespace(void* userData, const XML_Char*)
     {
         Guard(userData, [](CExpatReader& reader) { reader.OnEndNamespace(); });
@@ -196,6 +205,7 @@ void CExpatReader::Initialise()
                                 SExpatCallbacks::EndNamespace);
     XML_SetCharacterDataHandler(parser, SExpatCallbacks::CharacterData);
     XML_SetEntityDeclHandler(parser, SExpatCallbacks::EntityDeclaration);
+    XML_SetAttlistDeclHandler(parser, SExpatCallbacks::AttributeDeclaration);
     if (!m_document->GetContext().GetStripCDATA())
         XML_SetCdataSectionHandler(parser, SExpatCallbacks::StartCData, SExpatCallbacks::EndCData);
 }
@@ -237,6 +247,14 @@ void CExpatReader::ParseBuffer(std::span<const std::byte> data, bool final)
 
 void CExpatReader::Feed(std::span<const std::byte> data, bool final)
 {
+    if (const bool mustWait = !final && m_waiting.size() + data.size() < m_patience;
+        mustWait || !m_waiting.empty()) {
+        m_waiting.insert(m_waiting.end(), data.begin(), data.end());
+        if (mustWait)
+            return;
+        data = m_waiting;
+    }
+    const std::size_t size = data.size();
     const CParserHeap::CUse heap(m_heap);
     do {
         const std::span<const std::byte> piece = data.first(std::min(data.size(), kMaxPiece));
@@ -252,8 +270,14 @@ void CExpatReader::Feed(std::span<const std::byte> data, bool final)
         if (status != XML_STATUS_OK)
             ThrowParserError();
     } while (!data.empty());
-    if (final)
+    m_waiting.clear();
+    if (final) {
         m_parser.reset();
+        return;
+    }
+    const XML_Index place = XML_GetCurrentByteIndex(m_parser.get());
+    const bool isStuck = place < 0 || place == std::exchange(m_place, place);
+    m_patience = isStuck ? 2 * size : 0;
 }
 
 void CExpatReader::ThrowParserError()
@@ -353,6 +377,13 @@ void CExpatReader::OnXmlDeclaration(std::u16string_view encoding) const
         return;
     const bool isKnown = std::ranges::any_of(kOtherEncodings, is);
     throw CZqException(isKnown ? u"incorrect encoding at line 1" : u"unknown encoding at line 1");
+}
+
+void CExpatReader::OnAttributeDeclaration()
+{
+    if (++m_declaredAttributes > kMaxDeclaredAttributes)
+        ThrowAtLine(FormatString(u"The document declares more than %d attributes",
+                                 kMaxDeclaredAttributes));
 }
 
 void CExpatReader::OnEntity(std::u16string_view text)

@@ -20,6 +20,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 struct XML_ParserStruct;
 
@@ -47,7 +48,7 @@ public:
     /// Parses the next piece of the document; `final` says that it is the last.
     /// \throws CZqException  "%s at line %d"; "The document refers to more text than %d times its
     ///         own size at line %d"; "The document takes more memory than %d times its own size at
-    ///         line %d"; and whatever the building of the tree threw
+    ///         line %d"; "The document declares more than %d attributes at line %d"; and whatever the building of the tree threw
     void ParseBuffer(std::span<const std::byte> data, bool final);
 
 private:
@@ -70,6 +71,7 @@ private:
     void OnStartNamespace(std::u16string_view prefix, std::u16string_view uri);
     void OnEndNamespace();
     void OnXmlDeclaration(std::u16string_view encoding) const;
+    void OnAttributeDeclaration();
     void OnEntity(std::u16string_view text);
 
     void UseUtf16(const CUtf16Input& input);
@@ -89,6 +91,12 @@ private:
     std::optional<CUtf16Input> m_utf16;
     std::string m_utf8;  ///< the piece at hand of a document in UTF-16
     int m_nestingEntities = 0;
+    int m_declaredAttributes = 0;
+    // Expat reads a token that isn't complete anew with each piece. So while it gets no further, the
+    // pieces double.
+    std::vector<std::byte> m_waiting;
+    std::size_t m_patience = 0;  ///< in octets: what it gets at once
+    long m_place = -1;           ///< of the last token
     /// Names that were met last: most names of a document have one of the places to themselves.
     std::array<SRecentNames, 128> m_recentNames{};
     /// What a handler threw: no exception may cross the frames of Expat.

@@ -3,6 +3,7 @@
 #include "Hostile.h"
 #include "gpx/Gpx.h"
 #include "orders/Orders.h"
+#include "support/HeapFault.h"
 
 #include <algorithm>
 #include <ctime>
@@ -136,6 +137,10 @@ const SBomb kBombs[] = {
     {"Backtracking", 50, "(a+)+b\n", "a", "", Match, "Invalid Value for v [aaaa"},
 };
 
+/// What a use of each bomb may take of the heap, in octets, and in times of its size.
+constexpr long kFreeMemory = 64L << 20;
+constexpr long kMemory = 300;
+
 class Bomb : public testing::TestWithParam<SBomb> {
 protected:
     /// Keeps the memory of the process, whose pages cost more than the work on them.
@@ -153,9 +158,12 @@ protected:
             clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
             return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
         };
+        CHeapFault::TakePeak();
         const double start = now();
         m_message = TextOrMessage([&] { return GetParam().use(input), ""; });
-        return now() - start;
+        const double time = now() - start;
+        EXPECT_LE(CHeapFault::TakePeak(), kFreeMemory + kMemory * std::ssize(input));
+        return time;
     }
 
     std::string m_message;

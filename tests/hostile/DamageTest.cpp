@@ -12,7 +12,7 @@ namespace {
 /// How much more is tried than usual.
 std::size_t GetEffort()
 {
-    return std::min<std::size_t>(GetScale(), 50);
+    return std::min<std::size_t>(GetScale(), 400);
 }
 
 /// Writes an object in one form.
@@ -86,7 +86,10 @@ const SSample kSamples[] = {{"OrdersText", false, Text<XmlEncoding_UTF8>, 5},
                             {"OrdersGzip", false, Text<XmlEncoding_UTF8, CompressionType_GZIP>, 1},
                             {"OrdersZlib", false, Text<XmlEncoding_UTF8, CompressionType_ZLIB>, 1},
                             {"GpxText", true, Text<XmlEncoding_UTF8>, 301},
+                            {"GpxUtf16", true, Text<XmlEncoding_UTF16>, 601},
                             {"GpxFastInfoset", true, FastInfoset, 397},
+                            {"GpxTyped", true, Typed, 397},
+                            {"GpxZlib", true, Text<XmlEncoding_UTF8, CompressionType_ZLIB>, 47},
                             {"GpxGzip", true, Text<XmlEncoding_UTF8, CompressionType_GZIP>, 47}};
 INSTANTIATE_TEST_SUITE_P(Of, Sample, testing::ValuesIn(kSamples), kRowName);
 

@@ -10,7 +10,7 @@ TEST(DestructionStack, IsSmallForObjectsInVariants)
 {
     CClass type(Info());
     CSmartPtr<CCustom> deep = new CCustom(type);
-    for (int i = 0; i < 10'000; ++i)
+    for (int i = 0; i < 200'000; ++i)
         deep = new CCustom(type, u"e", {ObjectValue(deep.Get())});
     RunOnStack(std::size_t{256} << 10, [&deep] { deep = nullptr; });
     EXPECT_EQ(deep, nullptr);

@@ -3,6 +3,7 @@
 #include <atomic>
 #include <cerrno>
 #include <cstdlib>
+#include <malloc.h>
 #include <new>
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
@@ -17,6 +18,8 @@ constinit thread_local long t_untilFailure = kNever;
 constinit thread_local CHeapFault::EKind t_kind = CHeapFault::Once;
 constinit thread_local bool t_wasReached = false;
 constinit std::atomic<long> g_blocks{0};
+constinit std::atomic<long> g_octets{0};
+constinit std::atomic<long> g_peak{0};
 
 bool Fails()
 {
@@ -30,13 +33,21 @@ bool Fails()
 
 void* Count(void* block)
 {
-    g_blocks += block != nullptr ? 1 : 0;
+    if (block == nullptr)
+        return nullptr;
+    ++g_blocks;
+    const long octets = g_octets += static_cast<long>(::malloc_usable_size(block));
+    for (long peak = g_peak; peak < octets && !g_peak.compare_exchange_weak(peak, octets);) {
+    }
     return block;
 }
 
-void Uncount(const void* block)
+void Uncount(void* block)
 {
-    g_blocks -= block != nullptr ? 1 : 0;
+    if (block == nullptr)
+        return;
+    --g_blocks;
+    g_octets -= static_cast<long>(::malloc_usable_size(block));
 }
 
 }  // namespace
@@ -62,9 +73,12 @@ void* realloc(void* block, std::size_t size)
 {
     if (Fails())
         return nullptr;
+    const auto former = static_cast<long>(::malloc_usable_size(block));
     void* const moved = __libc_realloc(block, size);
-    if (moved != nullptr)
-        Uncount(block);
+    if (moved != nullptr && block != nullptr) {
+        --g_blocks;
+        g_octets -= former;
+    }
     return Count(moved);
 }
 
@@ -115,6 +129,12 @@ bool CHeapFault::WasReached() const
 long CHeapFault::CountBlocks()
 {
     return g_blocks;
+}
+
+long CHeapFault::TakePeak()
+{
+    const long octets = g_octets;
+    return g_peak.exchange(octets) - octets;
 }
 
 void CHeapFaultRun::Try(const std::function<void()>& step,

@@ -27,6 +27,9 @@ public:
 
     /// How many blocks are in use.
     static long CountBlocks();
+
+    /// How many octets were in use at most since the last call, beyond those that are now.
+    static long TakePeak();
 };
 
 /// One run of a scenario, in which one allocation fails.

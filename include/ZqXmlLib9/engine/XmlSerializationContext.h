@@ -137,7 +137,7 @@ public:
     void SetMaxInflatedSize(std::uint64_t octets) { m_maxInflatedSize = octets; }
     /// How many times its own size the text may be that a document refers to and doesn't spell out,
     /// once that has passed 8 MiB. Default 100: a short document that names a long text a million
-    /// times must not exhaust the memory. Such texts are: the namespace of each name beyond 256 code
+    /// times must not exhaust the memory. Such texts are: the namespace of each name beyond 128 code
     /// units; default values of attributes; what Fast Infoset delivers by index, of names and
     /// attribute values beyond 64 code units each.
     int GetMaxAmplification() const { return m_maxAmplification; }

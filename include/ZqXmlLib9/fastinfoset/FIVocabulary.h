@@ -7,7 +7,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -107,14 +106,11 @@ private:
     friend class CFastInfosetWriter;
     friend class CFastInfosetReader;
 
-    /// The hash of the standard library, since documents choose the strings: collisions of a
-    /// simpler one could be made to order.
-    struct stringhash {
+    /// A hash with a key of the process, since documents choose the strings: collisions of one
+    /// without a key can be made to order.
+    struct __attribute__((visibility("hidden"))) stringhash {
         using is_transparent = void;
-        std::size_t operator()(std::u16string_view text) const noexcept
-        {
-            return std::hash<std::u16string_view>()(text);
-        }
+        std::size_t operator()(std::u16string_view text) const noexcept;
     };
     /// By octets, which is faster than unit by unit.
     struct stringequal {

@@ -145,14 +145,16 @@ public:
     /// @}
 
 private:
+    friend class CConversions;
     using Digits = CBigInteger::Digits;
 
     static CDecimal FromDouble(double value);
-    void Parse(std::u16string_view text);
+    /// \param maxScaledDigits  an exponent may not give the value more digits in front of its point
+    void Parse(std::u16string_view text, std::int64_t maxScaledDigits);
 
     /// Times a power of ten, or divided by it and cut as a quotient is.
     /// \return false if the value would have too many digits; it is then unchanged
-    bool Scale(std::int64_t exponent, bool isNegative);
+    bool Scale(std::int64_t exponent, bool isNegative, std::int64_t maxScaledDigits);
     void ChangeFractionalDivider(std::int32_t places);
     /// Removes the zeros at the end.
     void Rationalise();
