@@ -16,9 +16,9 @@ Key DrawKey() noexcept
     Key key{};
     // Only a system without randomness refuses; then it is something that changes at least.
     if (::getentropy(key.data(), sizeof(key)) != 0)
-        key = {static_cast<std::uint64_t>(
-                   std::chrono::steady_clock::now().time_since_epoch().count()),
-               reinterpret_cast<std::uintptr_t>(&key)};
+        key = {
+            static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count()),
+            reinterpret_cast<std::uintptr_t>(&key)};
     return key;
 }
 

@@ -306,6 +306,9 @@ std::u16string CConversions::integerToString(const CBigInteger& value)
 
 CBigInteger CConversions::integerFromString(std::u16string_view text, WhitespaceRule rule)
 {
+    // A number with an exponent is read as a decimal, and rounded.
+    if (text.find_first_of(u"eE") != std::u16string_view::npos)
+        return decimalFromString(text, rule).ToBigInteger();
     return CBigInteger(*CRuledText(rule, text));
 }
 

@@ -382,8 +382,8 @@ void CExpatReader::OnXmlDeclaration(std::u16string_view encoding) const
 void CExpatReader::OnAttributeDeclaration()
 {
     if (++m_declaredAttributes > kMaxDeclaredAttributes)
-        ThrowAtLine(FormatString(u"The document declares more than %d attributes",
-                                 kMaxDeclaredAttributes));
+        ThrowAtLine(
+            FormatString(u"The document declares more than %d attributes", kMaxDeclaredAttributes));
 }
 
 void CExpatReader::OnEntity(std::u16string_view text)

@@ -173,7 +173,7 @@ TEST(Depth, IsLimitedAcrossNestedDefaultNamespaces)
 /// Recursion would need more than the stack at so many levels.
 TEST(Depth, NeedsNoStackWhereNothingIsWritten)
 {
-    RunOnStack(std::size_t{256} << 10, [] {
+    RunOnStack(256 << 10, [] {
         CSmartPtr<CElement> top = new CElement(u"leaf", u"urn:leaf");
         for (int i = 1; i < 50'000; ++i) {
             const CSmartPtr<CElement> parent = new CElement(u"a");

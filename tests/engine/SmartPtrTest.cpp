@@ -48,12 +48,6 @@ TEST(SmartPtr, TakesHoldOfTheNewBeforeItLetsTheOldGo)
     EXPECT_TRUE(!pointer && CNode::s_alive == 1);
 }
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr std::size_t kSmallStack = 1 << 20;  // the sanitizers make every frame larger
-#else
-constexpr std::size_t kSmallStack = 256 << 10;
-#endif
-
 /// Owners in a row, each with a leaf beside the next; the last holder lets go on a small stack.
 TEST(Destruction, NeedsLittleStack)
 {
@@ -67,7 +61,7 @@ TEST(Destruction, NeedsLittleStack)
                 CNode::s_held.insert({last, last->m_first.Get()});
             last = last->m_second.Get();
         }
-        RunOnStack(kSmallStack, [&] { root = nullptr; });
+        RunOnStack(256 << 10, [&] { root = nullptr; });
         EXPECT_EQ(CNode::s_alive, 0);
     }
 }

@@ -91,15 +91,6 @@ TEST(Mistake, IsRefused)
     ExpectRefused({u"%*d", u"%.*d"}, INT_MIN, 1);
 }
 
-TEST(DecimalComma, HasNoSayInNumbers)
-{
-    if (std::setlocale(LC_ALL, "de_DE.UTF-8") == nullptr)
-        GTEST_SKIP() << "this machine has no locale de_DE.UTF-8";
-    EXPECT_EQ(U8(FormatString(u"%f %.2e %#g|%08.2f|%d", 1234567.5, 1.5, 2.0, -1.25, 1234567)),
-              "1234567.500000 1.50e+00 2.00000|-0001.25|1234567");
-    EXPECT_NE(std::setlocale(LC_ALL, "C"), nullptr);
-}
-
 /// The compiler writes both forms of the edges.
 TEST(Utf8, HoldsEveryCharacterOfUnicode)
 {

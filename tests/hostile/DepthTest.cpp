@@ -64,17 +64,10 @@ std::string Go(EWhat what, bool isText, bool isRead, std::size_t levels)
     });
 }
 
-/// Recursion would need more than the stack at either; sanitizers make a level costly.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr std::size_t kStack = std::size_t{8} << 20;
-#else
-constexpr std::size_t kStack = std::size_t{2} << 20;
-#endif
-
 TEST(Depth, EndsAt1024LevelsOnEveryRoad)
 {
     const std::size_t many = 20'000 * std::min<std::size_t>(GetScale(), 50);
-    RunOnStack(kStack, [many] {
+    RunOnStack(2 << 20, [many] {
         for (const EWhat what : {Tree, Objects, OpenContent})
             for (const bool isText : {false, true})
                 for (const bool isRead : {true, what == Tree}) {

@@ -12,6 +12,6 @@ TEST(DestructionStack, IsSmallForObjectsInVariants)
     CSmartPtr<CCustom> deep = new CCustom(type);
     for (int i = 0; i < 200'000; ++i)
         deep = new CCustom(type, u"e", {ObjectValue(deep.Get())});
-    RunOnStack(std::size_t{256} << 10, [&deep] { deep = nullptr; });
+    RunOnStack(256 << 10, [&deep] { deep = nullptr; });
     EXPECT_EQ(deep, nullptr);
 }

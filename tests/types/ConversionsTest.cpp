@@ -48,7 +48,7 @@ TEST(Conversions, ReadAndPrint)
         "r8:1E400=INF r8:-100000E99999999999999999999=-INF r8:10e9223372036854775807=INF "
         "r8:0.00001e-9223372036854775807=0 r8:1e-400=0 r8:-0.0001e-330=-0 r4:0.1 r4:1E300=INF "
         "r8:4.9e-324=4.940656458412465e-324 r4:16777217=1.677722e+07 r4:INF boolean:tRuE=true "
-        "boolean:0=false decimal:-01.5E1=-15 integer:-007=-7 date:2001-02-03 date:--05 "
+        "boolean:0=false decimal:-01.5E1=-15 integer:-1.5e2=-150 date:2001-02-03 date:--05 "
         "yearMonth:2001-02Z monthDay:--02-29 datetime:2001-02-03T04:05:06.7-08:00 "
         "time:10:00:00.50=10:00:00.5 day:---05 day:2001-02-13=---13 month:--05 year:0005=5 "
         "year:-0001=65535 duration:P1Y2M3DT4H5M6.789S hexBinary:0aFF=0AFF base64Binary:TW*u=",
@@ -87,8 +87,10 @@ TEST(Conversions, RefuseWithTheText)
     EXPECT_EQ(message(ItemType_i4, u" "), blanks + "i4");
     EXPECT_EQ(message(ItemType_r8, u" "), blanks + "r8");
     EXPECT_EQ(message(ItemType_r4, u"1e5 "), "The value [1e5 ] can not be converted to a r4");
-    EXPECT_EQ(message(ItemType_decimal, u"1E1000"),
-              "The string representing a Decimal, contained an invalid char at position 1 [1E1000]");
+    for (const ItemType type : {ItemType_decimal, ItemType_integer})
+        EXPECT_EQ(
+            message(type, u"1E1000"),
+            "The string representing a Decimal, contained an invalid char at position 1 [1E1000]");
     // The narrow kinds show the text as it came in only for their own range.
     EXPECT_EQ(message(ItemType_i1, u" 300 ", kCollapse),
               "The value [ 300 ] is to large to fit in a i1");

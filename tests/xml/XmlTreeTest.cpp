@@ -127,7 +127,7 @@ TEST(SmallStack, IsEnoughToDestroyWhatIsDeep)
     deep.second->SetMaxDepth(100'000);
     for (int level = 0; level < 100'000; ++level)
         deep.second->WriteStartElement(u"a", u"urn:x");
-    RunOnStack(std::size_t{256} << 10, [&deep] { deep = {}; });
+    RunOnStack(256 << 10, [&deep] { deep = {}; });
 }
 
 }  // namespace

@@ -95,8 +95,9 @@ public:
     ///                and digits, where anything else ends it and none is 0
     /// \throws CZqInvalidParamException  a negative number, or one beyond 32 bits
     static std::u16string decimalToString(const CDecimal& value, const char16_t* format);
-    /// Texts come from documents, whose decimals have no exponents by XML Schema: one may make up to
-    /// 1000 digits, or as many as the text has characters, so that short texts stay small values.
+    /// Texts come from documents, whose numbers of these types have no exponents by XML Schema: one
+    /// may make up to 1000 digits, or as many as the text has characters, so that short texts stay
+    /// small values.
     static CDecimal decimalFromString(std::u16string_view text, WhitespaceRule rule);
     static std::u16string integerToString(const CBigInteger& value);
     static CBigInteger integerFromString(std::u16string_view text, WhitespaceRule rule);
