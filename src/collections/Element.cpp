@@ -11,7 +11,6 @@
 #include <ZqXmlLib9/engine/Text.h>
 #include <ZqXmlLib9/engine/XmlSerializationContext.h>
 #include <ZqXmlLib9/types/BinaryData.h>
-#include <ZqXmlLib9/xml/TextStream.h>
 #include <ZqXmlLib9/xml/XmlAttribute.h>
 #include <ZqXmlLib9/xml/XmlDocument.h>
 #include <ZqXmlLib9/xml/XmlElement.h>
@@ -244,8 +243,8 @@ void CElement::ToXml_Int(CXmlWriter* writer, bool, const char16_t* namespaceUri,
 
 void CElement::WriteAsDocument(CXmlTextWriter& writer) const
 {
-    CTextStream stream(XmlEncoding_None);
-    CXmlTextWriter inner(&stream);
+    writer.CloseStartTag();
+    CXmlTextWriter inner(writer.GetStream());
     inner.ContinueDepthOf(writer);
     inner.SetEOLType(writer.GetEOLType());
     inner.SetFormat(writer.GetFormat());
@@ -259,9 +258,7 @@ void CElement::WriteAsDocument(CXmlTextWriter& writer) const
     ToXml_Int(m_childElements.Get(), &inner, false, m_namespace.c_str(), context, false);
     inner.WriteText(m_text, ItemType_string);
     inner.WriteEndElement();
-    stream.Flush();
-    writer.CloseStartTag();
-    writer.WriteRawLine(stream.GetText());
+    writer.WriteRawLine({});
 }
 
 CXmlElement* CElement::FromXml_Int(CXmlElement*, CXmlElement* cursor,

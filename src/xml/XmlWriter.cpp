@@ -3,8 +3,8 @@
 #include <ZqXmlLib9/xml/XmlWriter.h>
 
 #include "../engine/XmlNames.h"
+#include "NamespaceScopes.h"
 
-#include <algorithm>
 #include <unordered_set>
 #include <utility>
 
@@ -12,9 +12,6 @@ namespace ZqXmlLib9 {
 namespace {
 
 constexpr int kDefaultMaxDepth = 1024;
-
-/// So many scopes lie between, and what was found is remembered.
-constexpr int kLongWay = 8;
 
 [[noreturn]] void ThrowTooDeep(int levels)
 {
@@ -105,6 +102,7 @@ void CXmlWriter::PopContext()
 {
     std::unique_ptr<CXmlWriterContext> closed = std::move(m_context);
     m_context = closed->TakeParent();
+    closed->Close();
     closed->SetParent(std::move(m_spare));
     m_spare = std::move(closed);
 }
@@ -121,17 +119,6 @@ CXmlWriter::CXmlWriterContext& CXmlWriter::RequireStartTag() const
     if (m_context == nullptr || !m_context->m_isStartTagOpen)
         throw CZqException(u"Attributes must be added before elements");
     return *m_context;
-}
-
-std::u16string CXmlWriter::MakePrefix(std::uint32_t number)
-{
-    std::size_t length = 2;
-    for (std::uint32_t count = 26 * 26; number >= count; count *= 26, ++length)
-        number -= count;
-    std::u16string prefix(length, u'A');
-    for (auto letter = prefix.rbegin(); number != 0; ++letter, number /= 26)
-        *letter = static_cast<char16_t>(u'A' + number % 26);
-    return prefix;
 }
 
 std::u16string CXmlWriter::CreateUniquePrefix(const NamespaceTable& table)
@@ -160,17 +147,17 @@ CXmlWriter::CXmlWriterContext::CXmlWriterContext(std::u16string_view name, std::
                                                  const NamespaceTable& namespaces,
                                                  std::u16string_view defaultNamespaceUri)
     : CInstanceMonitor(u"CXmlWriterContext"), m_name(name), m_uri(uri),
-      m_ownScope(new SScope(nullptr)), m_scope(m_ownScope.get())
+      m_ownScopes(new CNamespaceScopes()), m_scopes(m_ownScopes.get())
 {
+    Declare().SetDefault(m_depth, defaultNamespaceUri);
     for (const auto& [namespaceUri, prefix] : namespaces)
-        m_ownScope->Set(namespaceUri, prefix);
-    SetDefaultNamespace(defaultNamespaceUri);
+        m_scopes->SetPrefix(m_depth, namespaceUri, prefix);
 }
 
 CXmlWriter::CXmlWriterContext::CXmlWriterContext(std::u16string_view name, std::u16string_view uri,
                                                  const CXmlWriterContext& parent)
     : CInstanceMonitor(u"CXmlWriterContext"), m_name(name), m_uri(uri), m_depth(parent.m_depth + 1),
-      m_scope(parent.m_scope)
+      m_scopes(parent.m_scopes)
 {}
 
 void CXmlWriter::CXmlWriterContext::Reuse(std::u16string_view name, std::u16string_view uri,
@@ -184,12 +171,25 @@ void CXmlWriter::CXmlWriterContext::Reuse(std::u16string_view name, std::u16stri
     if (!IsSameName(m_uri, uri))
         m_uri = uri;
     m_depth = parent.m_depth + 1;
-    m_ownScope.reset();
-    m_scope = parent.m_scope;
+    m_scopes = parent.m_scopes;
+}
+
+CNamespaceScopes& CXmlWriter::CXmlWriterContext::Declare() noexcept
+{
+    m_declares = true;
+    return *m_scopes;
+}
+
+void CXmlWriter::CXmlWriterContext::Undeclare() noexcept
+{
+    m_declares = false;
+    m_scopes->Close(m_depth);
+    m_ownScopes.reset();
 }
 
 CXmlWriter::CXmlWriterContext::~CXmlWriterContext()
 {
+    Close();
     // One by one: the chain may be longer than the stack.
     while (m_parent != nullptr)
         m_parent = m_parent->TakeParent();
@@ -197,102 +197,34 @@ CXmlWriter::CXmlWriterContext::~CXmlWriterContext()
 
 CXmlWriter::NamespaceTable CXmlWriter::CXmlWriterContext::GetEffectiveNamespaces() const
 {
-    NamespaceTable table;
-    for (const SScope* scope = m_scope; scope != nullptr; scope = scope->outer)
-        table.insert(scope->prefixes.begin(), scope->prefixes.end());
-    std::erase_if(table, [](const auto& entry) { return entry.second.empty(); });
-    return table;
+    return m_scopes->GetPrefixes(m_depth);
+}
+
+const std::u16string& CXmlWriter::CXmlWriterContext::GetEffectiveDefaultNamespace() const noexcept
+{
+    return m_scopes->GetDefault(m_depth);
 }
 
 std::u16string_view CXmlWriter::CXmlWriterContext::GetPrefix(std::u16string_view uri) const
 {
-    const std::u16string* const prefix = m_scope->Find(uri);
-    return prefix != nullptr ? std::u16string_view(*prefix) : std::u16string_view();
+    return m_scopes->GetPrefix(m_depth, uri);
 }
 
 void CXmlWriter::CXmlWriterContext::SetNamespace(std::u16string_view uri,
                                                  std::u16string_view prefix)
 {
     if (uri != kXmlNamespace)
-        OwnScope().Set(uri, prefix);
+        Declare().SetPrefix(m_depth, uri, prefix);
 }
 
 void CXmlWriter::CXmlWriterContext::SetDefaultNamespace(std::u16string_view uri)
 {
-    SScope& scope = OwnScope();
-    scope.ownDefaultUri = uri;
-    scope.defaultUri = &scope.ownDefaultUri;
+    Declare().SetDefault(m_depth, uri);
 }
 
 std::u16string CXmlWriter::CXmlWriterContext::CreateUniquePrefix()
 {
-    SScope& scope = OwnScope();
-    for (;; ++scope.firstFree)
-        if (std::u16string prefix = MakePrefix(scope.firstFree); !scope.IsTaken(prefix))
-            return prefix;
-}
-
-CXmlWriter::CXmlWriterContext::SScope& CXmlWriter::CXmlWriterContext::OwnScope()
-{
-    if (m_ownScope == nullptr) {
-        m_ownScope = std::make_unique<SScope>(m_scope);
-        m_scope = m_ownScope.get();
-    }
-    return *m_ownScope;
-}
-
-CXmlWriter::CXmlWriterContext::SScope::SScope(const SScope* inherited)
-    : outer(inherited), defaultUri(inherited != nullptr ? inherited->defaultUri : &ownDefaultUri),
-      firstFree(inherited != nullptr ? inherited->firstFree : 0)
-{}
-
-const std::u16string* CXmlWriter::CXmlWriterContext::SScope::Find(std::u16string_view uri) const
-{
-    int steps = 0;
-    for (const SScope* scope = this; scope != nullptr; scope = scope->outer, ++steps) {
-        const auto entry = scope->prefixes.find(uri);
-        if (entry != scope->prefixes.end()) {
-            // No scope around this one changes while it is there.
-            if (steps > kLongWay)
-                found.insert_or_assign(entry->first, &entry->second);
-            return &entry->second;
-        }
-        if (scope == this)
-            if (const auto known = found.find(uri); known != found.end())
-                return known->second;
-    }
-    return nullptr;
-}
-
-void CXmlWriter::CXmlWriterContext::SScope::Set(std::u16string_view uri, std::u16string_view prefix)
-{
-    const std::u16string* const current = Find(uri);
-    const std::u16string old = current != nullptr ? *current : std::u16string();
-    if (current != nullptr && old == prefix)
-        return;
-    if (!prefix.empty())
-        uris.emplace(prefix, uri);
-    prefixes.insert_or_assign(std::u16string(uri), std::u16string(prefix));
-    if (old.empty())
-        return;
-    const auto entries = uris.equal_range(old);
-    const auto entry =
-        std::find_if(entries.first, entries.second, [&](const auto& e) { return e.second == uri; });
-    if (entry != entries.second)
-        uris.erase(entry);
-    firstFree = 0;
-}
-
-bool CXmlWriter::CXmlWriterContext::SScope::IsTaken(std::u16string_view prefix) const
-{
-    for (const SScope* scope = this; scope != nullptr; scope = scope->outer) {
-        const auto entries = scope->uris.equal_range(prefix);
-        for (auto entry = entries.first; entry != entries.second; ++entry)
-            if (const std::u16string* const current = Find(entry->second);
-                current != nullptr && *current == prefix)
-                return true;
-    }
-    return false;
+    return m_scopes->FindFreePrefix();
 }
 
 }  // namespace ZqXmlLib9

@@ -24,13 +24,18 @@ void Turn(const std::string& document)
     copy->FromXmlStream(element->ToFastInfosetStream());
 }
 
-/// The same with a child for each attribute, in a namespace of its own.
+/// The same with as many attributes in namespaces of their own on 300 levels within.
 void TurnNested(const std::string& document)
 {
-    std::string nested = document.substr(0, document.size() - 2) + ">";
-    for (std::ptrdiff_t i = std::ranges::count(document, ' '); i > 0; --i)
-        nested += "<c:c xmlns:c='c" + std::to_string(i) + "'/>";
-    Turn(nested + "</r>");
+    std::string nested = document.substr(0, document.size() - 2), ends = "</r>";
+    const std::ptrdiff_t count = std::ranges::count(document, ' '), perLevel = count / 300;
+    for (std::ptrdiff_t i = 0; i < count; ++i) {
+        if (i % perLevel == 0)
+            nested += "><c", ends.insert(0, "</c>");
+        const std::string number = std::to_string(i);
+        nested += " xmlns:c" + number + "='c" + number + "' c" + number + ":a=''";
+    }
+    Turn(nested + ">" + ends);
 }
 
 template <typename TObject>

@@ -63,6 +63,9 @@ public:
     void SetEOLType(EOLType type);
     EOLType GetEOLType() const noexcept { return m_eolType; }
 
+    /// The stream of the constructor, for a writer of a part of the document.
+    CTextStream* GetStream() const noexcept { return m_stream; }
+
     /// Writes the XML declaration, with the encoding of the stream if it has a byte form.
     void WriteXmlDeclaration();
 

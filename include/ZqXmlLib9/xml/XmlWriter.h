@@ -15,6 +15,8 @@
 
 namespace ZqXmlLib9 {
 
+class CNamespaceScopes;
+
 /// Takes the events of a document (start of an element, attribute, text, end) and writes them in
 /// one form or another.
 ///
@@ -119,7 +121,6 @@ protected:
     static std::u16string CreateUniquePrefix(const NamespaceTable& table);
 
 private:
-    static std::u16string MakePrefix(std::uint32_t number);
     int GetOpenCount() const noexcept;
 
     std::u16string m_defaultNamespaceUri;
@@ -133,8 +134,8 @@ private:
 
 /// The record of one open element. A context owns the chain of its parents.
 ///
-/// It inherits the scope of namespaces of its parent until it declares something itself; from then
-/// on it has a scope of its own, within that of its parent.
+/// What it declares goes to the scopes of namespaces, which the records of a document share, and is
+/// taken out of them when its element closes, or when it is destroyed without having been pushed.
 class ZQXMLLIB9_API CXmlWriter::CXmlWriterContext : public CInstanceMonitor {
 public:
     /// A root, with copies of the writer's own table and default namespace.
@@ -145,6 +146,12 @@ public:
                       const CXmlWriterContext& parent);
     /// Makes a record that is out of use that of another child.
     void Reuse(std::u16string_view name, std::u16string_view uri, const CXmlWriterContext& parent);
+    /// The element closes: what it declares is undone.
+    void Close() noexcept
+    {
+        if (m_declares)
+            Undeclare();
+    }
     CXmlWriterContext(const CXmlWriterContext&) = delete;
     CXmlWriterContext& operator=(const CXmlWriterContext&) = delete;
     ~CXmlWriterContext() override;
@@ -156,10 +163,7 @@ public:
 
     /// The prefixes by their URIs.
     NamespaceTable GetEffectiveNamespaces() const;
-    const std::u16string& GetEffectiveDefaultNamespace() const noexcept
-    {
-        return *m_scope->defaultUri;
-    }
+    const std::u16string& GetEffectiveDefaultNamespace() const noexcept;
     /// The prefix of a URI; empty if it has none.
     std::u16string_view GetPrefix(std::u16string_view uri) const;
 
@@ -179,38 +183,16 @@ public:
     std::u16string m_prefix;         ///< written in front of the name; empty: none
 
 private:
-    /// What one element declares. Nothing that it inherits is copied, since a document may declare
-    /// as much as it likes, and have as many elements within that as it likes.
-    struct __attribute__((visibility("hidden"))) SScope {
-        /// \param inherited  the scope around it, which lives longer; null for the root
-        explicit SScope(const SScope* inherited);
-        SScope(const SScope&) = delete;
-        SScope& operator=(const SScope&) = delete;
-
-        /// \return null for a URI without a declaration; an empty prefix was taken back
-        const std::u16string* Find(std::u16string_view uri) const;
-        void Set(std::u16string_view uri, std::u16string_view prefix);
-        bool IsTaken(std::u16string_view prefix) const;
-
-        const SScope* outer;
-        NamespaceTable prefixes;  ///< by their URIs
-        /// What `Find` found far outside.
-        mutable std::map<std::u16string, const std::u16string*, std::less<>> found;
-        /// The same the other way round. An entry counts where `Find` agrees.
-        std::multimap<std::u16string, std::u16string, std::less<>> uris;
-        const std::u16string* defaultUri;  ///< the own one, or an inherited one
-        std::u16string ownDefaultUri;
-        std::uint32_t firstFree;  ///< all generated prefixes below this number are taken
-    };
-
-    SScope& OwnScope();
+    CNamespaceScopes& Declare() noexcept;
+    void Undeclare() noexcept;
 
     std::u16string m_name;
     std::u16string m_uri;
     std::uint32_t m_depth = 0;
     std::unique_ptr<CXmlWriterContext> m_parent;
-    std::unique_ptr<SScope> m_ownScope;
-    const SScope* m_scope;  ///< the own one, or that of the nearest ancestor that has one
+    std::unique_ptr<CNamespaceScopes> m_ownScopes;  ///< of the root, for all
+    CNamespaceScopes* m_scopes;
+    bool m_declares = false;
 };
 
 }  // namespace ZqXmlLib9
