@@ -72,7 +72,8 @@ constexpr const char16_t* kLengthBit7Failed =
     u"Invalid NonEmptyOctetString type  on the seventh bit of an octet.";
 constexpr const char16_t* kComponentFailed = u"Invalid Encoding of a document component.";
 
-/// In code units: so much of a name or the value of an attribute costs little more than its node.
+/// In code units: so much of the value of an attribute or the text behind the head of an element
+/// costs little more than their node.
 constexpr std::size_t kFreeLength = 64;
 
 [[noreturn]] void Fail(const std::u16string& what)
@@ -330,6 +331,7 @@ bool CFastInfosetReader::StartElement(unsigned octet)
         ReadIndexedQName(kIndexBit3, octet & 0x3F, kIndexBit3Failed, m_vocabulary->m_elementNames,
                          m_elementNames);
     CXmlElement* const element = m_document->AddElement(m_name);
+    m_isBehindHead = true;
     if (!hasAttributes)
         return false;
     for (octet = ReadOctet(); IsElement(octet); octet = ReadOctet())
@@ -366,8 +368,9 @@ void CFastInfosetReader::ReadAttribute(CXmlElement* element, unsigned octet)
 void CFastInfosetReader::ReadChunk(unsigned octet)
 {
     const bool isIndex = ReadNonIdentifyingStringBit3(octet);
-    // No node comes with a chunk, so all of it counts.
-    m_document->AppendTextExcludingCR(TakeValue(isIndex, m_vocabulary->m_chunks, 0));
+    // No node comes with another chunk, so all of it counts.
+    const std::size_t freeLength = std::exchange(m_isBehindHead, false) ? kFreeLength : 0;
+    m_document->AppendTextExcludingCR(TakeValue(isIndex, m_vocabulary->m_chunks, freeLength));
 }
 
 /// The value that was read: from its table, or into it if it says so.
@@ -389,10 +392,10 @@ void CFastInfosetReader::ReadIndexedQName(NumberRanges ranges, unsigned bits,
     const CFIVocabulary::CQNameParts& parts = At(table, m_index);
     const std::u16string_view uri =
         parts.nameSpace != 0
-            ? Deliver(At(m_vocabulary->m_nameSpaces, parts.nameSpace), kFreeNamespaceLength)
+            ? Deliver(At(m_vocabulary->m_nameSpaces, parts.nameSpace), kFreeNameLength)
             : std::u16string_view();
     const std::u16string_view localName =
-        Deliver(At(m_vocabulary->m_localNames, parts.localName), kFreeLength);
+        Deliver(At(m_vocabulary->m_localNames, parts.localName), kFreeNameLength);
     if (names.size() < m_index)
         names.resize(table.m_entries.size());
     m_name = names[m_index - 1];
@@ -421,7 +424,7 @@ std::uint32_t CFastInfosetReader::ReadNamePart(bool isPresent, Table& table, std
     if (!isPresent)
         return 0;
     if (ReadIdentifyingString()) {
-        part = Deliver(At(table, m_index), kFreeLength);
+        part = Deliver(At(table, m_index), kFreeNameLength);
         return m_index;
     }
     part = m_value;

@@ -119,6 +119,7 @@ private:
     Names m_elementNames;
     Names m_attributeNames;
     CReferredText m_referredText;
+    bool m_isBehindHead = false;  ///< no text has come since the head of an element
     std::unique_ptr<CFIVocabulary> m_vocabulary;
 };
 

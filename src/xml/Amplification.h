@@ -11,8 +11,8 @@ namespace ZqXmlLib9 {
 /// In octets: below this, a document is never too small for what it comes to.
 constexpr std::uint64_t kFreeAmplification = std::uint64_t{8} << 20;
 
-/// In code units: so much of the name of a namespace costs little more than the node that it is for.
-constexpr std::size_t kFreeNamespaceLength = 128;
+/// In code units: so much of a part of a name costs little more than the node that it is for.
+constexpr std::size_t kFreeNameLength = 128;
 
 /// Counts the text that a document names without spelling it out: namespaces by their prefixes,
 /// default values of attributes, entries of tables.

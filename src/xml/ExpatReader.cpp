@@ -165,10 +165,13 @@ struct SExpatCallbacks {
             });
     }
 
-    static void XMLCALL AttributeDeclaration(void* userData, const XML_Char*, const XML_Char*,
-                                             const XML_Char*, const XML_Char*, int)
+    static void XMLCALL AttributeDeclaration(void* userData, const XML_Char* element,
+                                             const XML_Char* name, const XML_Char*,
+                                             const XML_Char* value, int)
     {
-        Guard(userData, [](CExpatReader& reader) { reader.OnAttributeDeclaration(); });
+        Guard(userData, [&](CExpatReader& reader) {
+            reader.OnAttributeDeclaration(Wide(element), Wide(name), value != nullptr);
+        });
     }
 
     static void XMLCALL EndNamespace(void* userData, const XML_Char*)
@@ -230,13 +233,13 @@ void CExpatReader::ParseBuffer(std::span<const std::byte> data, bool final)
         if (const std::optional<CUtf16Input::EOrder> order = CUtf16Input::Detect(data))
             UseUtf16(CUtf16Input(*order, true));
     if (!m_utf16) {
-        Feed(data, final);
+        Feed(data, final, !final);
         return;
     }
     m_utf8.clear();
     const CUtf16Input::EOutcome outcome = m_utf16->Convert(data, final, m_utf8);
     const bool isGood = outcome == CUtf16Input::EOutcome::Good;
-    Feed(std::as_bytes(std::span(m_utf8)), final && isGood);
+    Feed(std::as_bytes(std::span(m_utf8)), final && isGood, !final && isGood);
     if (!isGood)
         throw CZqException(FormatString(u"%S at line %I64d",
                                         XML_ErrorString(outcome == CUtf16Input::EOutcome::Cut
@@ -245,9 +248,9 @@ void CExpatReader::ParseBuffer(std::span<const std::byte> data, bool final)
                                         m_utf16->GetLine()));
 }
 
-void CExpatReader::Feed(std::span<const std::byte> data, bool final)
+void CExpatReader::Feed(std::span<const std::byte> data, bool final, bool mayWait)
 {
-    if (const bool mustWait = !final && m_waiting.size() + data.size() < m_patience;
+    if (const bool mustWait = mayWait && m_waiting.size() + data.size() < m_patience;
         mustWait || !m_waiting.empty()) {
         m_waiting.insert(m_waiting.end(), data.begin(), data.end());
         if (mustWait)
@@ -320,8 +323,8 @@ const SXmlName* CExpatReader::FindName(const char16_t* name)
                     : m_document->GetTree().FindName(full.substr(0, bar), full.substr(bar + 1));
         }
     }
-    if (recent.last->uri->size() > kFreeNamespaceLength)
-        Refer(recent.last->uri->size(), kFreeNamespaceLength);
+    if (recent.last->uri->size() > kFreeNameLength)
+        Refer(recent.last->uri->size(), kFreeNameLength);
     return recent.last;
 }
 
@@ -363,7 +366,8 @@ void CExpatReader::OnEndCData()
 void CExpatReader::OnStartNamespace(std::u16string_view prefix, std::u16string_view uri)
 {
     RequireWhole(uri, u"The namespace of the prefix [%s]", prefix);
-    Refer(uri.size(), kFreeNamespaceLength);
+    if (m_hasDefaultNamespaces)
+        Refer(kAttributeCost + uri.size(), 0);
     m_document->SetAlias(prefix, uri);
 }
 
@@ -379,11 +383,13 @@ void CExpatReader::OnXmlDeclaration(std::u16string_view encoding) const
     throw CZqException(isKnown ? u"incorrect encoding at line 1" : u"unknown encoding at line 1");
 }
 
-void CExpatReader::OnAttributeDeclaration()
+void CExpatReader::OnAttributeDeclaration(std::u16string_view element, std::u16string_view name,
+                                          bool hasDefault)
 {
-    if (++m_declaredAttributes > kMaxDeclaredAttributes)
-        ThrowAtLine(
-            FormatString(u"The document declares more than %d attributes", kMaxDeclaredAttributes));
+    m_hasDefaultNamespaces |= hasDefault && name.starts_with(u"xmlns");
+    if (++m_declaredAttributes[std::u16string(element)] > kMaxDeclaredAttributes)
+        ThrowAtLine(FormatString(u"The document declares more than %d attributes for one element",
+                                 kMaxDeclaredAttributes));
 }
 
 void CExpatReader::OnEntity(std::u16string_view text)

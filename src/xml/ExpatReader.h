@@ -15,6 +15,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <exception>
+#include <map>
 #include <memory>
 #include <optional>
 #include <span>
@@ -46,9 +47,10 @@ public:
     void UseUtf16(CUtf16Input::EOrder order) { UseUtf16(CUtf16Input(order, false)); }
 
     /// Parses the next piece of the document; `final` says that it is the last.
-    /// \throws CZqException  "%s at line %d"; "The document refers to more text than %d times its
-    ///         own size at line %d"; "The document takes more memory than %d times its own size at
-    ///         line %d"; "The document declares more than %d attributes at line %d"; and whatever the building of the tree threw
+    /// \throws CZqException  "%s at line %d"; with the line behind them: "The document refers to
+    ///         more text than %d times its own size", "The document takes more memory than %d
+    ///         times its own size", "The document declares more than %d attributes for one
+    ///         element"; and whatever the building of the tree threw
     void ParseBuffer(std::span<const std::byte> data, bool final);
 
 private:
@@ -71,11 +73,13 @@ private:
     void OnStartNamespace(std::u16string_view prefix, std::u16string_view uri);
     void OnEndNamespace();
     void OnXmlDeclaration(std::u16string_view encoding) const;
-    void OnAttributeDeclaration();
+    void OnAttributeDeclaration(std::u16string_view element, std::u16string_view name,
+                                bool hasDefault);
     void OnEntity(std::u16string_view text);
 
     void UseUtf16(const CUtf16Input& input);
-    void Feed(std::span<const std::byte> data, bool final);
+    /// \param mayWait  more is to come, so that this piece may be parsed with the next ones
+    void Feed(std::span<const std::byte> data, bool final, bool mayWait);
     const SXmlName* FindName(const char16_t* name);
     /// Counts a text that the document doesn't spell out.
     void Refer(std::size_t length, std::size_t freeLength);
@@ -91,8 +95,9 @@ private:
     std::optional<CUtf16Input> m_utf16;
     std::string m_utf8;  ///< the piece at hand of a document in UTF-16
     int m_nestingEntities = 0;
-    int m_declaredAttributes = 0;
-    // Expat reads a token that isn't complete anew with each piece. So while it gets no further, the
+    std::map<std::u16string, int> m_declaredAttributes;  ///< how many, by element
+    bool m_hasDefaultNamespaces = false;
+    // Expat reads a token that isn't complete anew with each piece: while it gets no further, the
     // pieces double.
     std::vector<std::byte> m_waiting;
     std::size_t m_patience = 0;  ///< in octets: what it gets at once

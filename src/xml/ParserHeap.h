@@ -1,7 +1,7 @@
 // The memory of one parser, in proportion to its document.
 //
-// Expat copies the namespace of each attribute of an element before anybody hears of the element, so
-// that a long namespace and many attributes take memory by the square of the document.
+// Expat copies the namespace of each attribute of an element before anybody hears of the element,
+// so that a long namespace and many attributes take memory by the square of the document.
 #pragma once
 
 #include <cstddef>

@@ -89,7 +89,7 @@ struct SBomb {
     const char* name;
     std::size_t count;
     std::string head, piece, tail;
-    void (*use)(const std::string& input);
+    void (*use)(const std::string& input) = nullptr;
     const char* failure = "";  ///< how its message begins
 
     std::string Make(std::size_t times) const
@@ -126,6 +126,9 @@ const SBomb kBombs[] = {
      "The document takes more memory than 100 times its own size at line 1"},
     {"LongDefault", 1000, "<!DOCTYPE r [<!ATTLIST a b CDATA '" + kLong + "'>]><r>", "<a/>", "</r>",
      Turn, kTooMuchText},
+    {"DefaultNamespaces", 200,
+     SBomb{"", 0, "<!DOCTYPE r [<!ATTLIST a", " xmlns:p# CDATA 'u'", ">]><r>"}.Make(1000), "<a/>",
+     "</r>", Turn, kTooMuchText},
     {"Chunks", 100'000, kFastInfoset + "\x92\x3D" + std::string(64, 'x'), "\xA0", "\xF0", Turn,
      "Failed to parse FastInfoset. The document refers to more text than 100 times its own size."},
     {"Thousandfold", 50'000, "<r>", " ", "</r>", Inflate},

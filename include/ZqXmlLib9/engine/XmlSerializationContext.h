@@ -137,9 +137,9 @@ public:
     void SetMaxInflatedSize(std::uint64_t octets) { m_maxInflatedSize = octets; }
     /// How many times its own size the text may be that a document refers to and doesn't spell out,
     /// once that has passed 8 MiB. Default 100: a short document that names a long text a million
-    /// times must not exhaust the memory. Such texts are: the namespace of each name beyond 128 code
-    /// units; default values of attributes; what Fast Infoset delivers by index, of names and
-    /// attribute values beyond 64 code units each.
+    /// times must not exhaust the memory. Such texts are namespaces, beyond 128 code units for each
+    /// name; default values of attributes; and what Fast Infoset delivers by index or makes of
+    /// numbers, beyond what it costs anyway (docs/safety.md has the lengths).
     int GetMaxAmplification() const { return m_maxAmplification; }
     void SetMaxAmplification(int times) { m_maxAmplification = times; }
 
