@@ -17,8 +17,9 @@ TEST(Regress, AReopenedFileBeginsAnew)
         stream.Open();
         stream.WriteString(u"former\xD800");
         stream.Flush();
-        if (isClosed)
+        if (isClosed) {
             EXPECT_THROW(stream.Close(), CZqInvalidValueException);
+        }
         stream.Open();
         stream.WriteString(u"new");
         stream.Close();
