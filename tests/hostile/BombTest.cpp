@@ -126,6 +126,8 @@ const SBomb kBombs[] = {
      "The document takes more memory than 100 times its own size at line 1"},
     {"LongDefault", 1000, "<!DOCTYPE r [<!ATTLIST a b CDATA '" + kLong + "'>]><r>", "<a/>", "</r>",
      Turn, kTooMuchText},
+    {"Declarations", 2000, "<!DOCTYPE r [<!ATTLIST r", " a# CDATA ''", ">]><r/>", Turn,
+     "The document declares more than 1024 attributes for one element at line 1"},
     {"DefaultNamespaces", 200,
      SBomb{"", 0, "<!DOCTYPE r [<!ATTLIST a", " xmlns:p# CDATA 'u'", ">]><r>"}.Make(1000), "<a/>",
      "</r>", Turn, kTooMuchText},

@@ -209,6 +209,7 @@ TEST(LaterChunk, FailsWithTheLineOfTheFileAndLeavesNothing)
     for (int line = 2; line < 50'000; ++line)
         xml += "a line\n";
     CXmlDocument document;
+    EXPECT_EQ(Load(document, Chunks, "<a><!--" + std::string(9 * kChunk, 'c') + "-->x</a>"), "x");
     EXPECT_EQ(Load(document, Chunks, xml + "</b>"), "mismatched tag at line 50000");
     EXPECT_EQ(document.GetDocumentElement(), nullptr);
     EXPECT_EQ(U8(document.LookupNamespaceFromAlias(u"p")), "");
