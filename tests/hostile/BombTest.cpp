@@ -149,7 +149,7 @@ const SBomb kBombs[] = {
 
 /// What a use of each bomb may take of the heap, in octets, and in times of its size.
 constexpr long kFreeMemory = 64L << 20;
-constexpr long kMemory = 300;
+constexpr long kMemory = 500;
 
 class Bomb : public testing::TestWithParam<SBomb> {
 protected:
