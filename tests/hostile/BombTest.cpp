@@ -82,7 +82,7 @@ const std::string kFastInfoset("\xE0\0\0\1\0\x3C\0r", 8);
 const std::string kLong(10'000, 'u');
 const char* const kTooMuchText =
     "The document refers to more text than 100 times its own size at line 1";
-const std::string kLongText = "\x93\0\0\0\0"s + std::string(259, 'x');  // and its index
+const std::string kLongText = "\x92\x25" + std::string(40, 'x');  // and its index
 
 /// Behind a head, a piece many times, in which "#" is the number of the repetition, and a tail.
 struct SBomb {

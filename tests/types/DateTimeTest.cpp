@@ -91,7 +91,8 @@ TEST(Date, HasTheFieldsOfItsType)
     for (int type = 0; type <= 9; ++type) {
         CDateTime date{DTType(type)};
         EXPECT_EQ(U8(date.GetTypeAsString()), words[type]);
-        const auto check = [&](std::string name, std::string types, auto get, auto set) {
+        const auto check = [&](const std::string& name, const std::string& types, auto get,
+                               auto set) {
             const auto fails = [&](auto step) { return MessageOf<CZqInvalidStateException>(step); };
             const std::string fault = "Failed to " + name + ". Invalid Date Type: " + words[type];
             if (types.find(std::to_string(type)) != types.npos) {

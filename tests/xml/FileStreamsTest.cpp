@@ -24,7 +24,7 @@ std::string Write(EWay way, const std::string& path, XmlEncoding encoding, const
     const std::u16string name = ToUtf16(path);
     CTextStream memory(encoding);
     CFileTextStream file(name.c_str(), encoding);
-    CTextStream& stream = way == InPieces ? file : memory;
+    CTextStream& stream = way == InPieces ? static_cast<CTextStream&>(file) : memory;
     return TextOrMessage([&] {
         stream.Open();
         for (const std::u16string& piece : pieces) {
