@@ -597,7 +597,8 @@ const std::u16string& CFastInfosetReader::Deliver(const std::u16string& text,
                                                   std::size_t freeLength)
 {
     const int limit = m_document->GetContext().GetMaxAmplification();
-    if (!m_referredText.Add(text.size(), freeLength, m_data.size(), limit))
+    if (text.size() > freeLength
+        && !m_referredText.Add(text.size(), freeLength, m_data.size(), limit))
         Fail(FormatString(CReferredText::kTooMuch, limit) + u'.');
     return text;
 }
