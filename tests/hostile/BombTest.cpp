@@ -140,7 +140,7 @@ const SBomb kBombs[] = {
     {"Hexadecimal", 20'000, "", "77", "", TurnValue<ItemType_hexBinary>},
     {"Base64", 20'000, "", "7", "", TurnValue<ItemType_base64Binary>},
     {"Blanks", 20'000, "", " a\t\n", "", TurnValue<ItemType_string>},
-    {"Alternatives", 5000, "(a|b)*\n", "a", "", Match},
+    {"Alternatives", 250, "(a|b)*\n", "a", "", Match},
     // The limit of steps ends it, whatever the length.
     {"Backtracking", 50, "(a+)+b\n", "a", "", Match, "Invalid Value for v [aaaa"},
 };
