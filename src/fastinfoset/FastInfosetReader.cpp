@@ -592,13 +592,13 @@ const TEntry& CFastInfosetReader::At(const CFIVocabulary::CTable<TEntry>& table,
     return table.m_entries[index - 1];
 }
 
-/// Counts a text that comes by an index: a short document may name a long one a million times.
+/// Counts a text that comes by an index, or out of numbers: a short document may name a long one a
+/// million times.
 const std::u16string& CFastInfosetReader::Deliver(const std::u16string& text,
                                                   std::size_t freeLength)
 {
     const int limit = m_document->GetContext().GetMaxAmplification();
-    if (text.size() > freeLength
-        && !m_referredText.Add(text.size(), freeLength, m_data.size(), limit))
+    if (!m_referredText.Add(text.size(), freeLength, m_data.size(), limit))
         Fail(FormatString(CReferredText::kTooMuch, limit) + u'.');
     return text;
 }

@@ -1,7 +1,6 @@
 // How much more than itself a document may come to.
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -27,7 +26,9 @@ public:
     /// \return false: it is more than `limit` times the size of the document
     bool Add(std::size_t length, std::size_t freeLength, std::uint64_t documentSize, int limit)
     {
-        m_length += std::max(length, freeLength) - freeLength;
+        if (length <= freeLength)
+            return true;
+        m_length += length - freeLength;
         const std::uint64_t octets = m_length * sizeof(char16_t);
         return octets <= kFreeAmplification || std::cmp_less_equal(octets / documentSize, limit);
     }

@@ -323,8 +323,7 @@ const SXmlName* CExpatReader::FindName(const char16_t* name)
                     : m_document->GetTree().FindName(full.substr(0, bar), full.substr(bar + 1));
         }
     }
-    if (recent.last->uri->size() > kFreeNameLength)
-        Refer(recent.last->uri->size(), kFreeNameLength);
+    Refer(recent.last->uri->size(), kFreeNameLength);
     return recent.last;
 }
 
